@@ -1,0 +1,25 @@
+#pragma once
+
+#include "DataFiles.h"
+#include "GenInfoRecord.h"
+
+// Record 1 of "Geninfo.dat", shared by both data sets.
+class GeneralSettings
+{
+public:
+    explicit GeneralSettings(QString dataDir);
+
+    // A new, empty file reads as zeros and blanks.
+    GenInfoRecord load() const;
+    // Returns an empty string on success, else what went wrong.
+    QString save(const GenInfoRecord &record) const;
+
+    static constexpr int PanelCount = 4;
+    static constexpr int MaxPanelState = 3;
+    // The theme a new settings file starts with.
+    static QString defaultTheme() { return QStringLiteral("Blue"); }
+
+private:
+    QString m_dataDir;
+    QString m_path;
+};

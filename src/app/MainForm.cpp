@@ -1,0 +1,292 @@
+#include "MainForm.h"
+
+#include "AccountBook.h"
+#include "AccountKinds.h"
+#include "AccountsPanel.h"
+#include "GeneralSettings.h"
+#include "Interaction.h"
+#include "WindowUtils.h"
+
+#include <QComboBox>
+#include <QFrame>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QScreen>
+#include <QStackedWidget>
+#include <QTableView>
+#include <QVBoxLayout>
+
+namespace {
+
+const char *Style = R"(
+#MainForm { background: #eef3f8; }
+#picTitleBar { background: #1f4e79; }
+#picTitleBar QLabel { color: white; font-weight: bold; font-size: 15px; }
+#picTitleBar QPushButton { color: white; background: #2e6aa3; border: 1px solid #5b8fc4;
+                           padding: 3px 10px; border-radius: 3px; }
+#picTitleBar QPushButton:hover { background: #3a7fc2; }
+#picTitleBar QComboBox { min-width: 100px; }
+QGroupBox { font-weight: bold; border: 1px solid #b8c7d6; border-radius: 4px; margin-top: 10px;
+            background: #f8fbfd; }
+QGroupBox::title { subcontrol-origin: margin; left: 8px; padding: 0 3px; }
+QTableView { background: white; gridline-color: #d5dee8; selection-background-color: #cfe3f7;
+             selection-color: black; }
+#lblNewBkError { color: #c0392b; }
+#picHelp { background: #fffbe6; border: 1px solid #e6d892; border-radius: 4px; }
+)";
+
+QPushButton *titleButton(const QString &text, const QString &name, QWidget *parent)
+{
+    auto *b = new QPushButton(text, parent);
+    b->setObjectName(name);
+    b->setFocusPolicy(Qt::NoFocus);
+    return b;
+}
+
+} // namespace
+
+MainForm::MainForm(Interaction &interaction, const QString &dataDir, QWidget *parent)
+    : QWidget(parent, Qt::Window | Qt::FramelessWindowHint), m_interaction(interaction),
+      m_dataDir(dataDir), m_files(dataDir, false)
+{
+    setObjectName(QStringLiteral("MainForm"));
+    setWindowTitle(QStringLiteral("Quillmere"));
+    setStyleSheet(QString::fromLatin1(Style));
+    setMinimumSize(780, 560);
+
+    m_accounts = new AccountsPanel(m_interaction, this);
+    connect(m_accounts, &AccountsPanel::accountClicked, this, &MainForm::setCurrentAccount);
+    connect(m_accounts, &AccountsPanel::accountAdded, this, &MainForm::setCurrentAccount);
+    connect(m_accounts, &AccountsPanel::accountRenamed, this, &MainForm::setCurrentAccount);
+
+    m_work = new QStackedWidget(this);
+    m_work->setObjectName(QStringLiteral("picWorkArea"));
+    m_work->addWidget(buildCurrentAccountPanel());
+
+    auto *right = new QVBoxLayout;
+    right->addWidget(m_work, 1);
+    right->addWidget(buildHelpPanel());
+
+    auto *body = new QHBoxLayout;
+    body->setContentsMargins(10, 8, 10, 10);
+    body->setSpacing(12);
+    body->addWidget(m_accounts, 5);
+    body->addLayout(right, 4);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(buildTitleBar());
+    layout->addLayout(body, 1);
+
+    // Laid out for 1024 x 768; on a smaller screen it takes what there is.
+    QSize size(1024, 768);
+    if (const QScreen *s = screen())
+        size = size.boundedTo(s->availableGeometry().size());
+    resize(size);
+}
+
+QWidget *MainForm::buildTitleBar()
+{
+    auto *bar = new QWidget(this);
+    bar->setObjectName(QStringLiteral("picTitleBar"));
+    bar->setAttribute(Qt::WA_StyledBackground);
+    m_title = new QLabel(QStringLiteral("Quillmere"), bar);
+    m_title->setObjectName(QStringLiteral("lblTitle"));
+
+    m_period = new QComboBox(bar);
+    m_period->setObjectName(QStringLiteral("cmbPeriod"));
+    m_period->addItems({QStringLiteral("Monthly"), QStringLiteral("Bi-Monthly"), QStringLiteral("Weekly")});
+    connect(m_period, &QComboBox::activated, this, [this](int index) {
+        (m_sample ? m_settings.SamplePeriodIndex : m_settings.PeriodIndex) = static_cast<std::int16_t>(index);
+        saveSettings();
+    });
+
+    m_sampleButton = titleButton(QStringLiteral("Sample Accts"), QStringLiteral("cmdSampleMode"), bar);
+    connect(m_sampleButton, &QPushButton::clicked, this, &MainForm::switchDataSet);
+    m_helpButton = titleButton(QStringLiteral("Show Help"), QStringLiteral("cmdHC"), bar);
+    connect(m_helpButton, &QPushButton::clicked, this, [this] { setHelpShown(m_settings.HelpShown == 0); });
+
+    auto *minimise = titleButton(QStringLiteral("_"), QStringLiteral("cmdMin"), bar);
+    connect(minimise, &QPushButton::clicked, this, &QWidget::showMinimized);
+    auto *maximise = titleButton(QStringLiteral("\u25A1"), QStringLiteral("cmdMax"), bar);
+    connect(maximise, &QPushButton::clicked, this, [this] { isMaximized() ? showNormal() : showMaximized(); });
+    auto *close = titleButton(QStringLiteral("\u2715"), QStringLiteral("cmdExit"), bar);
+    connect(close, &QPushButton::clicked, this, &QWidget::close);
+
+    auto *period = new QLabel(tr("Budget period"), bar);
+    period->setStyleSheet(QStringLiteral("font-weight: normal; font-size: 12px;"));
+    auto *layout = new QHBoxLayout(bar);
+    layout->setContentsMargins(10, 6, 6, 6);
+    layout->addWidget(m_title);
+    layout->addStretch();
+    layout->addWidget(period);
+    layout->addWidget(m_period);
+    layout->addSpacing(12);
+    layout->addWidget(m_sampleButton);
+    layout->addWidget(m_helpButton);
+    layout->addSpacing(12);
+    layout->addWidget(minimise);
+    layout->addWidget(maximise);
+    layout->addWidget(close);
+    return bar;
+}
+
+QWidget *MainForm::buildCurrentAccountPanel()
+{
+    auto *panel = new QFrame(this);
+    panel->setObjectName(QStringLiteral("picRegister"));
+    panel->setFrameShape(QFrame::StyledPanel);
+    m_currentName = new QLabel(panel);
+    m_currentName->setObjectName(QStringLiteral("lblCurAcctName"));
+    QFont big = m_currentName->font();
+    big.setPointSize(big.pointSize() + 4);
+    big.setBold(true);
+    m_currentName->setFont(big);
+    m_currentKind = new QLabel(panel);
+    m_currentKind->setObjectName(QStringLiteral("lblCurAcctType"));
+    m_currentBalance = new QLabel(panel);
+    m_currentBalance->setObjectName(QStringLiteral("lblCurAcctBal"));
+    m_currentBalance->setFont(big);
+    auto *layout = new QVBoxLayout(panel);
+    layout->addWidget(new QLabel(tr("Current account"), panel));
+    layout->addWidget(m_currentName);
+    layout->addWidget(m_currentKind);
+    layout->addWidget(m_currentBalance);
+    layout->addStretch();
+    return panel;
+}
+
+QWidget *MainForm::buildHelpPanel()
+{
+    m_help = new QFrame(this);
+    m_help->setObjectName(QStringLiteral("picHelp"));
+    auto *text = new QLabel(
+        tr("<b>Getting started</b><br>"
+           "Add each of your accounts with the form under the account list: pick its type, "
+           "give it a name, and enter the ending balance of your last bank statement "
+           "(or the first deposit of a new account).<br><br>"
+           "Credit cards start as a <i>Debit</i>: the money you owe.<br><br>"
+           "Click an account to make it current; <i>Rename</i> changes the name of the current "
+           "account.<br><br><i>Sample Accts</i> opens a ready-made set of accounts to try "
+           "things out with; <i>My Account</i> brings you back to your own."),
+        m_help);
+    text->setObjectName(QStringLiteral("lblHelpText"));
+    text->setWordWrap(true);
+    auto *layout = new QVBoxLayout(m_help);
+    layout->addWidget(text);
+    m_help->hide();
+    return m_help;
+}
+
+void MainForm::load()
+{
+    GeneralSettings general(m_dataDir);
+    m_settings = general.load();
+    m_sample = m_settings.SampleMode == 1;
+
+    const QString theme = m_settings.ThemeName.text().trimmed();
+    const QString wanted = theme.isEmpty() ? GeneralSettings::defaultTheme() : theme;
+    const bool themeChanged = wanted != m_settings.ThemeName.text();
+    m_settings.ThemeName = wanted;
+
+    // Panel states outside 0..3 are not ours to apply.
+    for (auto &state : m_settings.PanelState)
+        if (state < 0 || state > GeneralSettings::MaxPanelState)
+            state = 0;
+    m_work->setCurrentIndex(0);
+    setHelpShown(m_settings.HelpShown == 1);
+    if (themeChanged)
+        saveSettings();
+    openDataSet();
+}
+
+void MainForm::openDataSet()
+{
+    m_files = DataFiles(m_dataDir, m_sample);
+    m_sampleButton->setText(m_sample ? QStringLiteral("My Account") : QStringLiteral("Sample Accts"));
+    m_title->setText(m_sample ? tr("Quillmere \u2014 Sample Accounts") : tr("Quillmere"));
+    const int period = m_sample ? m_settings.SamplePeriodIndex : m_settings.PeriodIndex;
+    m_period->setCurrentIndex(period >= 0 && period < m_period->count() ? period : 0);
+
+    const auto first = AccountBook(m_files).firstLive();
+    m_current = first.value_or(BankAcctRecord{});
+    m_accounts->setDataFiles(m_files);
+    m_accounts->setCurrentAccount(m_current.BankNum);
+    refreshCurrentAccount();
+}
+
+void MainForm::switchDataSet()
+{
+    m_sample = !m_sample;
+    m_settings.SampleMode = m_sample ? 1 : 0;
+    saveSettings();
+    openDataSet();
+}
+
+void MainForm::setCurrentAccount(int bankNum)
+{
+    const BankAcctRecord r = AccountBook(m_files).read(bankNum);
+    if (bankNum < 1 || r.isDeleted())
+        return;
+    m_current = r;
+    m_accounts->setCurrentAccount(bankNum);
+    refreshCurrentAccount();
+}
+
+QString MainForm::currentRegisterFile() const
+{
+    return m_current.BankNum == 0 ? QString() : m_files.registerFile(m_current.BankName.text());
+}
+
+void MainForm::refreshCurrentAccount()
+{
+    if (m_current.BankNum == 0) {
+        m_currentName->setText(tr("No account yet"));
+        m_currentKind->setText(tr("Add an account with the form on the left."));
+        m_currentBalance->clear();
+        return;
+    }
+    const int kind = AccountKinds::indexOf(m_current.Type.text());
+    m_currentName->setText(m_current.BankName.text());
+    m_currentKind->setText(kind >= 0 ? AccountKinds::TypeNames[kind] : QString());
+    m_currentBalance->setText(m_current.Balance.toCurrencyText());
+}
+
+void MainForm::setHelpShown(bool shown)
+{
+    const std::int16_t value = shown ? 1 : 0;
+    m_help->setVisible(shown);
+    m_helpButton->setText(shown ? QStringLiteral("Hide Help") : QStringLiteral("Show Help"));
+    if (m_settings.HelpShown != value) {
+        m_settings.HelpShown = value;
+        saveSettings();
+    }
+}
+
+bool MainForm::showPanel(const QString &name)
+{
+    if (name == QStringLiteral("accounts") || name == QStringLiteral("register")) {
+        m_work->setCurrentIndex(0);
+        m_accounts->grid()->setFocus();
+        return true;
+    }
+    return false;
+}
+
+void MainForm::saveSettings()
+{
+    const QString error = GeneralSettings(m_dataDir).save(m_settings);
+    if (!error.isEmpty())
+        m_interaction.message(error, QStringLiteral("Quillmere"), Interaction::Icon::Critical);
+}
+
+void MainForm::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton)
+        DragWindow(this);
+    QWidget::mousePressEvent(event);
+}

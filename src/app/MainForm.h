@@ -1,0 +1,70 @@
+#pragma once
+
+#include "BankAcctRecord.h"
+#include "DataFiles.h"
+#include "GenInfoRecord.h"
+
+#include <QWidget>
+
+#include <array>
+
+class AccountsPanel;
+class Interaction;
+class QComboBox;
+class QLabel;
+class QPushButton;
+class QStackedWidget;
+
+// The main window: holds the working state of the run (the open data set, the
+// current account) and shows the panels.
+class MainForm : public QWidget
+{
+    Q_OBJECT
+public:
+    MainForm(Interaction &interaction, const QString &dataDir, QWidget *parent = nullptr);
+
+    // Restores the settings record and opens the account list of the open set.
+    void load();
+    // cmdSampleMode: the other data set.
+    void switchDataSet();
+    // Shows a panel as its button would; false for a panel that does not exist.
+    bool showPanel(const QString &name);
+
+    bool sampleMode() const { return m_sample; }
+    const DataFiles &files() const { return m_files; }
+    const BankAcctRecord &currentAccount() const { return m_current; }
+    QString currentRegisterFile() const;
+    const GenInfoRecord &settings() const { return m_settings; }
+
+    void setCurrentAccount(int bankNum);
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+
+private:
+    QWidget *buildTitleBar();
+    QWidget *buildHelpPanel();
+    QWidget *buildCurrentAccountPanel();
+    void saveSettings();
+    void openDataSet();
+    void refreshCurrentAccount();
+    void setHelpShown(bool shown);
+
+    Interaction &m_interaction;
+    QString m_dataDir;
+    GenInfoRecord m_settings;
+    bool m_sample = false;
+    DataFiles m_files;
+    BankAcctRecord m_current;
+
+    AccountsPanel *m_accounts = nullptr;
+    QStackedWidget *m_work = nullptr;
+    QPushButton *m_sampleButton = nullptr;
+    QPushButton *m_helpButton = nullptr;
+    QComboBox *m_period = nullptr;
+    QWidget *m_help = nullptr;
+    QLabel *m_title = nullptr;
+    QLabel *m_currentName = nullptr;
+    QLabel *m_currentKind = nullptr;
+    QLabel *m_currentBalance = nullptr;
+};

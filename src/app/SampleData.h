@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QString>
+
+// The sample data set: written the first time the program starts without it,
+// always the same, and built through the program's own operations so that
+// every balance agrees with its register.
+namespace SampleData {
+
+// Writes the sample set when its account list is missing. Returns an empty
+// string on success (or when there was nothing to do), else what went wrong.
+QString ensure(const QString &dataDir);
+
+} // namespace SampleData

@@ -1,0 +1,6 @@
+#include "ScriptRunner.h"
+
+int ScriptRunner::run(const QString &)
+{
+    return 1;
+}

@@ -1,0 +1,113 @@
+#include "StartForm.h"
+
+#include "AppPaths.h"
+#include "Interaction.h"
+#include "MainForm.h"
+#include "SampleData.h"
+#include "StartupChecks.h"
+#include "TipForm.h"
+#include "UnitOfWork.h"
+#include "WindowUtils.h"
+
+#include <QGuiApplication>
+#include <QLockFile>
+#include <QScreen>
+
+#include <utility>
+
+StartForm::StartForm(Options options, Interaction &interaction)
+    : m_options(std::move(options)), m_interaction(interaction)
+{
+}
+
+StartForm::~StartForm()
+{
+    stop();
+}
+
+QString StartForm::dataDir() const
+{
+    return AppPaths::dataDir(m_options.appPath);
+}
+
+void StartForm::manifestCheck()
+{
+    const QString path = StartupChecks::manifestPath(m_options.appPath, m_options.exeBaseName);
+    if (StartupChecks::ensureManifest(path) == StartupChecks::ManifestResult::Created)
+        m_interaction.message(StartupChecks::ManifestCreatedText, StartupChecks::ManifestCreatedTitle,
+                              Interaction::Icon::Information);
+}
+
+QSize StartForm::screenSize() const
+{
+    if (m_options.screen.isValid())
+        return m_options.screen;
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    return screen ? screen->size() : QSize();
+}
+
+bool StartForm::start()
+{
+    stop();
+    manifestCheck();
+
+    if (!StartupChecks::screenLargeEnough(screenSize())) {
+        m_interaction.message(StartupChecks::SmallScreenText, StartupChecks::SmallScreenTitle,
+                              Interaction::Icon::Exclamation);
+        return false;
+    }
+    const int showTips = TipForm::showTipsSetting();
+
+    const QString data = dataDir();
+    const QString problem = AppPaths::prepareDataDir(data);
+    if (!problem.isEmpty()) {
+        m_interaction.message(problem, QStringLiteral("Quillmere cannot use its data folder"),
+                              Interaction::Icon::Critical);
+        return false;
+    }
+    auto lock = std::make_unique<QLockFile>(data + QStringLiteral("/Quillmere.lock"));
+    lock->setStaleLockTime(0);
+    if (!lock->tryLock(0)) {
+        m_interaction.message(StartupChecks::AlreadyRunningText, QStringLiteral("Quillmere"));
+        return false;
+    }
+    m_lock = std::move(lock);
+
+    // An operation cut short last time is finished (or dropped) before anything is read.
+    QString error;
+    if (!UnitOfWork::recover(data, &error)) {
+        m_interaction.message(error + QStringLiteral("\n\nNothing has been changed."),
+                              QStringLiteral("Quillmere cannot use its data folder"),
+                              Interaction::Icon::Critical);
+        stop();
+        return false;
+    }
+    error = SampleData::ensure(data);
+    if (!error.isEmpty())
+        m_interaction.message(QStringLiteral("The sample accounts could not be written:\n") + error,
+                              QStringLiteral("Quillmere"), Interaction::Icon::Exclamation);
+
+    m_main = std::make_unique<MainForm>(m_interaction, data);
+    m_main->load();
+    m_main->show();
+    CentreWindow(m_main.get());
+    if (showTips == 1) {
+        m_tip = std::make_unique<TipForm>(m_main.get());
+        QObject::connect(m_tip.get(), &QDialog::finished, m_tip.get(),
+                         [this] { m_interaction.windowEvent(QStringLiteral("frmTip"), false); });
+        m_tip->show();
+        m_interaction.windowEvent(QStringLiteral("frmTip"), true);
+    }
+    return true;
+}
+
+void StartForm::stop()
+{
+    m_tip.reset();
+    if (m_main)
+        m_main->close();
+    m_main.reset();
+    if (m_lock)
+        m_lock->unlock();
+    m_lock.reset();
+}

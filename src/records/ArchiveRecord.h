@@ -1,0 +1,20 @@
+#pragma once
+
+#include "FixedText.h"
+
+#include <cstdint>
+
+// One archived account; ArchNum is its record number.
+struct ArchiveRecord
+{
+    static constexpr int Size = 34;
+
+    std::int16_t ArchNum = 0;
+    FixedText<2> Type;
+    FixedText<30> BankName;
+
+    bool isDeleted() const { return BankName.is(QStringLiteral("Deleted")); }
+
+    static ArchiveRecord decode(const char *p);
+    void encode(char *p) const;
+};

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+// Text on disk is single-byte Windows-1252. Characters outside the code page
+// are written as "?".
+namespace Cp1252 {
+
+QByteArray encode(const QString &text);
+QString decode(const char *bytes, int length);
+
+} // namespace Cp1252

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "Interaction.h"
+
+class QWidget;
+
+// The interaction seam answered by real dialogs and the real desktop.
+class DesktopInteraction : public Interaction
+{
+public:
+    explicit DesktopInteraction(QWidget *parentWindow = nullptr) : m_parent(parentWindow) {}
+    void setParentWindow(QWidget *w) { m_parent = w; }
+
+    Answer messageBox(const QString &text, const QString &title, Icon icon,
+                      Buttons buttons) override;
+    int fund(const QString &title, const QString &text) override;
+    void beep() override;
+    void print(const QString &job, const QStringList &lines) override;
+    void setClipboard(const QString &text) override;
+    void openUrl(const QString &url) override;
+    void windowEvent(const QString &, bool) override {}
+
+private:
+    QWidget *m_parent;
+};
