@@ -1,6 +1,9 @@
 #include "SampleData.h"
 
+#include "AccountBook.h"
 #include "AccountService.h"
+#include "BudgetRecord.h"
+#include "RecordFile.h"
 #include "EntryChecks.h"
 #include "RegisterPosting.h"
 #include "TransactionTemplate.h"
@@ -54,6 +57,16 @@ public:
         t.BudName = TransactionTemplate::NoCategory;
         t.TransClass = card ? TransactionTemplate::CCTrans : TransactionTemplate::NormTrans;
         t.CCBankName = TransactionTemplate::NoCategory;
+        if (card) {
+            // A card's own transactions name the card and its budget category.
+            const BankAcctRecord acct = AccountBook(m_files).read(bankNum);
+            t.CCBankName = acct.BankName.text();
+            t.CCBankNum = acct.BankNum;
+            RecordFile<BudgetRecord> budget(m_files.budget());
+            for (const BudgetRecord &c : budget.readAll())
+                if (!c.isDeleted() && c.CCBankRecnum == bankNum)
+                    t.CCBudNum = c.BudNum;
+        }
         t.Amount = TransactionTypes::signedAmount(t.TypeNum, Currency::fromCents(e.cents));
         const auto r = RegisterPosting::append(m_files, bankNum, t);
         if (!r.ok && m_error.isEmpty())

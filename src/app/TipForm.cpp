@@ -11,7 +11,13 @@
 
 namespace {
 const QString Section = QStringLiteral("Options/Show Tips at Startup");
+
+// The per-user settings file: ~/.config/quillmere.conf on Linux.
+QSettings userSettings()
+{
+    return QSettings(QStringLiteral("quillmere"));
 }
+} // namespace
 
 QStringList TipForm::tips()
 {
@@ -28,12 +34,12 @@ QStringList TipForm::tips()
 
 int TipForm::showTipsSetting()
 {
-    return QSettings().value(Section, 1).toInt();
+    return userSettings().value(Section, 1).toInt();
 }
 
 void TipForm::setShowTipsSetting(int value)
 {
-    QSettings().setValue(Section, value);
+    userSettings().setValue(Section, value);
 }
 
 TipForm::TipForm(QWidget *parent)

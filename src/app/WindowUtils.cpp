@@ -6,6 +6,8 @@
 #include <QWidget>
 #include <QWindow>
 
+#include <algorithm>
+
 void DragWindow(QWidget *window)
 {
     if (QWindow *handle = window->window()->windowHandle())
@@ -18,5 +20,8 @@ void CentreWindow(QWidget *window)
     if (!screen)
         return;
     const QRect area = screen->geometry();
-    window->move(area.topLeft() + centredPosition(area.size(), window->frameGeometry().size()));
+    QPoint pos = area.topLeft() + centredPosition(area.size(), window->frameGeometry().size());
+    // A window nearly as tall as the screen would lose its top edge.
+    pos.setY(std::max(pos.y(), screen->availableGeometry().top()));
+    window->move(pos);
 }
