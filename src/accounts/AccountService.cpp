@@ -20,6 +20,10 @@ AccountService::AccountService(DataFiles files) : m_files(std::move(files)) {}
 
 bool AccountService::nameInUse(const QString &name, int exceptBankNum) const
 {
+    // "Deleted" marks a removed record, and the register of an account called
+    // "Budget" would be the budget-transfer file "trans Budget.Dat".
+    if (AccountNames::same(name, QStringLiteral("Deleted")) || AccountNames::same(name, QStringLiteral("Budget")))
+        return true;
     for (const DataFiles &set : {m_files, m_files.other()}) {
         RecordFile<BankAcctRecord> accounts(set.accountList());
         for (const BankAcctRecord &a : accounts.readAll()) {

@@ -9,6 +9,7 @@
 #include "UnitOfWork.h"
 #include "WindowUtils.h"
 
+#include <QDir>
 #include <QGuiApplication>
 #include <QLockFile>
 #include <QScreen>
@@ -32,6 +33,8 @@ QString StartForm::dataDir() const
 
 void StartForm::manifestCheck()
 {
+    // A new --home folder is made here, so that its manifest is written on the first start.
+    QDir().mkpath(m_options.appPath);
     const QString path = StartupChecks::manifestPath(m_options.appPath, m_options.exeBaseName);
     if (StartupChecks::ensureManifest(path) == StartupChecks::ManifestResult::Created)
         m_interaction.message(StartupChecks::ManifestCreatedText, StartupChecks::ManifestCreatedTitle,
@@ -103,6 +106,8 @@ bool StartForm::start()
 
 void StartForm::stop()
 {
+    if (m_tip && m_tip->isVisible())
+        m_tip->done(QDialog::Rejected); // reports the window closed
     m_tip.reset();
     if (m_main)
         m_main->close();

@@ -77,8 +77,10 @@ int main(int argc, char **argv)
     }
 
     // For tests that stop the program in the middle of writing.
-    const int stopAfter = qEnvironmentVariableIntValue("QUILLMERE_STOP_AFTER_STEP");
-    if (stopAfter > 0)
+    // Step 0 is the moment the journal is committed, before any data file is touched.
+    bool stopSet = false;
+    const int stopAfter = qEnvironmentVariableIntValue("QUILLMERE_STOP_AFTER_STEP", &stopSet);
+    if (stopSet && stopAfter >= 0)
         UnitOfWork::setStepHook([stopAfter](int step) {
             if (step == stopAfter)
                 std::_Exit(70);

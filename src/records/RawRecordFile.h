@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QString>
 
+#include <functional>
+
 // Random access to a file of fixed-length records numbered from 1. Reads only:
 // every write goes through a UnitOfWork so that it is all-or-nothing.
 class RawRecordFile
@@ -25,6 +27,9 @@ public:
     QByteArray read(int n);
     // Every full or partial record, as one buffer of count() records.
     QByteArray readAll();
+    // The same records handed over a batch of whole records at a time (n of
+    // them at p), so that a caller decoding them never holds the whole file.
+    void readBatches(const std::function<void(const char *p, int n)> &take);
 
     const QString &path() const { return m_path; }
     int recordLength() const { return m_recordLength; }

@@ -25,17 +25,29 @@ public:
         return R::decode(m_raw.read(n).constData());
     }
 
+    // Every record. The file is read a batch at a time and each record is
+    // decoded straight into its place in the vector: a full register is 12 MB,
+    // and a second copy of it (or of every record) would cost more than the
+    // decoding itself.
     std::vector<R> readAll()
     {
-        const QByteArray bytes = m_raw.readAll();
-        const int n = int(bytes.size() / R::Size);
         std::vector<R> out;
-        out.reserve(n);
-        for (int i = 0; i < n; ++i)
-            out.push_back(R::decode(bytes.constData() + qsizetype(i) * R::Size));
+        out.reserve(count());
+        m_raw.readBatches([&out](const char *p, int n) {
+            for (int i = 0; i < n; ++i)
+                out.emplace_back(Decoded{p + qsizetype(i) * R::Size});
+        });
         return out;
     }
 
 private:
+    // Converts to a record by decoding it, so that emplace_back builds the
+    // record where it will stay.
+    struct Decoded
+    {
+        const char *p;
+        operator R() const { return R::decode(p); }
+    };
+
     RawRecordFile m_raw;
 };

@@ -1,0 +1,238 @@
+#include "ArchiveRecord.h"
+#include "BankAcctRecord.h"
+#include "BudgetRecord.h"
+#include "FolderSnapshot.h"
+#include "PayeeRecord.h"
+#include "RecordFile.h"
+#include "TransRecord.h"
+#include "UnitOfWork.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+struct Killed {};
+
+// Stops a commit after `at` data-file steps (0: right after the journal is
+// made valid); always takes the hook away again.
+struct KillAt
+{
+    explicit KillAt(int at)
+    {
+        UnitOfWork::setStepHook([at](int done) {
+            if (done == at)
+                throw Killed{};
+        });
+    }
+    ~KillAt() { UnitOfWork::setStepHook({}); }
+};
+
+QString in(const QString &dir, const char *name)
+{
+    return dir + QLatin1Char('/') + QLatin1String(name);
+}
+
+BankAcctRecord account(int num, const char *name, qint64 cents)
+{
+    BankAcctRecord a;
+    a.BankNum = std::int16_t(num);
+    a.Type = QStringLiteral("CH");
+    a.BankName = QString::fromLatin1(name);
+    a.Balance = Currency::fromCents(cents);
+    return a;
+}
+
+TransRecord entry(int n, const char *desc, qint64 cents)
+{
+    TransRecord t;
+    t.Tranno = std::int16_t(n);
+    t.Description = QString::fromLatin1(desc);
+    t.Amount = Currency::fromCents(cents);
+    return t;
+}
+
+// The files as they are before the operation.
+void makeOld(const QString &dir)
+{
+    writeBytes(in(dir, "BankAcctName.Dat"),
+               UnitOfWork::encoded(account(1, "Everyday", 100'00)) + UnitOfWork::encoded(account(2, "Old", 5'00)));
+    writeBytes(in(dir, "Payee.Dat"),
+               UnitOfWork::encoded(PayeeRecord{1, 2, QStringLiteral("Old"), QStringLiteral("Corner Store")}));
+    writeBytes(in(dir, "trans Old.Dat"),
+               UnitOfWork::encoded(entry(1, "Opening", 10'00)) + UnitOfWork::encoded(entry(2, "Lunch", -5'00)));
+}
+
+// One operation touching four files, one of them renamed and one created.
+UnitOfWork operation(const QString &dir)
+{
+    UnitOfWork unit(dir);
+    unit.rename(in(dir, "trans Old.Dat"), in(dir, "trans New.Dat"));
+    unit.write(in(dir, "BankAcctName.Dat"), 2, account(2, "New", 25'00));
+    PayeeRecord p = unit.read<PayeeRecord>(in(dir, "Payee.Dat"), 1);
+    p.BankName = QStringLiteral("New");
+    unit.write(in(dir, "Payee.Dat"), 1, p);
+    unit.write(in(dir, "trans New.Dat"), 2, entry(2, "Lunch corrected", -6'00));
+    BudgetRecord cat;
+    cat.BudNum = 1;
+    cat.BudName = QStringLiteral("Food");
+    unit.append(in(dir, "Budget.Dat"), cat);
+    unit.append(in(dir, "trans New.Dat"), entry(3, "Refund", 26'00));
+    return unit;
+}
+
+} // namespace
+
+class UnitOfWorkTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void pendingReadsSeePendingWrites()
+    {
+        QTemporaryDir dir;
+        makeOld(dir.path());
+        UnitOfWork unit(dir.path());
+        const QString renamed = in(dir.path(), "trans New.Dat");
+        unit.rename(in(dir.path(), "trans Old.Dat"), renamed);
+        // Before any write the renamed file reads as the old one does.
+        QCOMPARE(unit.count(renamed, TransRecord::Size), 2);
+        QCOMPARE(unit.read<TransRecord>(renamed, 2).Description.text(), QStringLiteral("Lunch"));
+        unit.write(renamed, 2, entry(2, "Changed", 1));
+        QCOMPARE(unit.read<TransRecord>(renamed, 2).Description.text(), QStringLiteral("Changed"));
+        QCOMPARE(unit.append(renamed, entry(3, "Third", 3)), 3);
+        QCOMPARE(unit.append(renamed, entry(4, "Fourth", 4)), 4);
+        unit.write(renamed, 3, entry(3, "Third again", 3)); // the later write wins
+        QCOMPARE(unit.read<TransRecord>(renamed, 3).Description.text(), QStringLiteral("Third again"));
+        // A record skipped over reads as zeros; nothing reaches the disk before commit.
+        const QString fresh = in(dir.path(), "Archive.Dat");
+        unit.write(fresh, 3, ArchiveRecord{3, QStringLiteral("SV"), QStringLiteral("Third")});
+        QCOMPARE(unit.count(fresh, ArchiveRecord::Size), 3);
+        QCOMPARE(unit.read(fresh, ArchiveRecord::Size, 2), QByteArray(ArchiveRecord::Size, '\0'));
+        QVERIFY(!QFileInfo::exists(fresh) && QFileInfo::exists(in(dir.path(), "trans Old.Dat")));
+
+        QVERIFY(unit.commit());
+        QVERIFY(!QFileInfo::exists(in(dir.path(), "trans Old.Dat")));
+        QVERIFY(!QFileInfo::exists(UnitOfWork::journalPath(dir.path())));
+        QCOMPARE(QFileInfo(fresh).size(), qint64(3 * ArchiveRecord::Size));
+        QCOMPARE(QFileInfo(renamed).size(), qint64(4 * TransRecord::Size));
+        QCOMPARE(RecordFile<TransRecord>(renamed).read(3).Description.text(), QStringLiteral("Third again"));
+    }
+
+    void appendStopsAtTheRecordLimit()
+    {
+        QTemporaryDir dir;
+        const QString path = in(dir.path(), "Archive.Dat");
+        QFile f(path);
+        QVERIFY(f.open(QIODevice::WriteOnly) && f.resize(qint64(32766) * ArchiveRecord::Size));
+        f.close();
+        UnitOfWork unit(dir.path());
+        QCOMPARE(unit.append(path, ArchiveRecord{}), 32767);
+        QVERIFY(unit.error().isEmpty());
+        QCOMPARE(unit.append(path, ArchiveRecord{}), 0);
+        QVERIFY(unit.error().contains(QStringLiteral("32,767")));
+        QVERIFY(unit.error().contains(QStringLiteral("Archive.Dat")));
+
+        QVERIFY(f.open(QIODevice::WriteOnly) && f.resize(qint64(32767) * ArchiveRecord::Size));
+        f.close();
+        UnitOfWork full(dir.path());
+        QCOMPARE(full.append(path, ArchiveRecord{}), 0);
+        QVERIFY(!full.error().isEmpty());
+    }
+
+    // Whichever step the program dies at after the journal is valid, the next
+    // start finishes the operation: every file ends up all new.
+    void interruptedCommitIsFinishedOnRecovery()
+    {
+        QTemporaryDir ref;
+        makeOld(ref.path());
+        const auto allOld = folderSnapshot(ref.path());
+        int lastStep = 0;
+        UnitOfWork::setStepHook([&lastStep](int done) { lastStep = std::max(lastStep, done); });
+        const bool committed = operation(ref.path()).commit();
+        UnitOfWork::setStepHook({});
+        QVERIFY(committed);
+        QCOMPARE(lastStep, 6); // one rename, five record writes
+        const auto allNew = folderSnapshot(ref.path());
+        QVERIFY(allNew != allOld);
+        QVERIFY(allNew.contains(QStringLiteral("trans New.Dat")) && allNew.contains(QStringLiteral("Budget.Dat")));
+
+        for (int k = 0; k <= lastStep; ++k) {
+            QTemporaryDir dir;
+            makeOld(dir.path());
+            UnitOfWork unit = operation(dir.path());
+            bool killed = false;
+            {
+                KillAt kill(k);
+                try {
+                    unit.commit();
+                } catch (const Killed &) {
+                    killed = true;
+                }
+            }
+            QVERIFY2(killed, qPrintable(QStringLiteral("step %1").arg(k)));
+            QVERIFY(QFileInfo::exists(UnitOfWork::journalPath(dir.path())));
+            QVERIFY(UnitOfWork::recover(dir.path()));
+            QVERIFY2(folderSnapshot(dir.path()) == allNew, qPrintable(QStringLiteral("step %1").arg(k)));
+            // A second recovery has nothing left to do.
+            QVERIFY(UnitOfWork::recover(dir.path()));
+            QVERIFY(folderSnapshot(dir.path()) == allNew);
+        }
+    }
+
+    // A journal that does not check out was never committed: recovery leaves
+    // every data file as it was and drops the journal.
+    void brokenJournalLeavesAllOld_data()
+    {
+        QTest::addColumn<QString>("damage");
+        for (const char *d : {"empty", "half", "last byte cut", "byte flipped", "checksum only"})
+            QTest::newRow(d) << QString::fromLatin1(d);
+    }
+    void brokenJournalLeavesAllOld()
+    {
+        QFETCH(QString, damage);
+        QTemporaryDir dir;
+        makeOld(dir.path());
+        const auto allOld = folderSnapshot(dir.path());
+        UnitOfWork unit = operation(dir.path());
+        {
+            KillAt kill(0);
+            QVERIFY_THROWS_EXCEPTION(Killed, unit.commit());
+        }
+        const QString journal = UnitOfWork::journalPath(dir.path());
+        QFile f(journal);
+        QVERIFY(f.open(QIODevice::ReadOnly));
+        QByteArray bytes = f.readAll();
+        f.close();
+        QVERIFY(bytes.size() > 100);
+        if (damage == QLatin1String("empty"))
+            bytes.clear();
+        else if (damage == QLatin1String("half"))
+            bytes.truncate(bytes.size() / 2);
+        else if (damage == QLatin1String("last byte cut"))
+            bytes.chop(1);
+        else if (damage == QLatin1String("byte flipped"))
+            bytes[bytes.size() / 2] = char(bytes[bytes.size() / 2] ^ 0x01);
+        else
+            bytes = bytes.right(8);
+        writeBytes(journal, bytes);
+
+        QVERIFY(UnitOfWork::recover(dir.path()));
+        QVERIFY(!QFileInfo::exists(journal));
+        QVERIFY(folderSnapshot(dir.path()) == allOld);
+    }
+
+    void leftoverJournalTempFilesAreRemoved()
+    {
+        QTemporaryDir dir;
+        makeOld(dir.path());
+        const auto allOld = folderSnapshot(dir.path());
+        writeBytes(in(dir.path(), "Quillmere.journal.aB3xYz"), "half a journal");
+        writeBytes(in(dir.path(), "Quillmere.journal.Q1w2e3"), QByteArray());
+        QVERIFY(UnitOfWork::recover(dir.path()));
+        QVERIFY(folderSnapshot(dir.path()) == allOld);
+    }
+};
+
+QTEST_GUILESS_MAIN(UnitOfWorkTest)
+#include "tst_unitofwork.moc"

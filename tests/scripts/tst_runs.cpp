@@ -1,0 +1,189 @@
+// Whole runs of the program that one script cannot arrange on its own: a copy
+// already running on the data folder, and a run stopped in the middle of
+// writing an operation to disk.
+
+#include "QuillmereRun.h"
+
+#include "BankAcctRecord.h"
+#include "BudgetRecord.h"
+#include "DataFiles.h"
+#include "RecordFile.h"
+#include "TransRecord.h"
+#include "UnitOfWork.h"
+
+#include <QLockFile>
+#include <QTest>
+
+namespace {
+
+const QString Manifest = QStringLiteral(
+    "msgbox title=\"Application manifest file missing\" text=\"Did not find a Manifest file, so one has been "
+    "created for you.\\nXP styles will be applied next time you run this application\" icon=information "
+    "buttons=OK -> OK\n");
+const QString AlreadyRunning =
+    QStringLiteral("msgbox title=\"Quillmere\" text=\"Quillmere is already running\" icon=none buttons=OK -> OK\n");
+const QString Title = QStringLiteral("show lblTitle text=\"Quillmere\" visible=1 enabled=1\n");
+const QString Tip = QStringLiteral("window frmTip shown\n");
+
+QString emptyGridRows(int from, int to)
+{
+    QString rows;
+    for (int r = from; r <= to; ++r)
+        rows += QStringLiteral("grid flxgdBankAcct %1 \"\" \"\"\n").arg(r);
+    return rows;
+}
+
+} // namespace
+
+class TestRuns : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void secondCopyOnTheSameFolderIsRefused();
+    void separateHomeFoldersRunSideBySide();
+    void interruptedAddComesBackComplete_data();
+    void interruptedAddComesBackComplete();
+};
+
+void TestRuns::secondCopyOnTheSameFolderIsRefused()
+{
+    QTemporaryDir home;
+    const QString data = home.filePath(QStringLiteral("Data"));
+    QVERIFY(QDir().mkpath(data));
+    auto running = std::make_unique<QLockFile>(data + QStringLiteral("/Quillmere.lock"));
+    QVERIFY(running->tryLock(0));
+
+    const QuillmereRun refused = QuillmereRun::run(home.path(), QStringLiteral("# nothing to do\n"));
+    QVERIFY(refused.finished);
+    QCOMPARE(refused.exitCode, 0);
+    QCOMPARE(refused.out, Manifest + AlreadyRunning);
+    // The copy that gave way wrote nothing into the data folder and left the lock alone.
+    QCOMPARE(QDir(data).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("Quillmere.lock")});
+    QVERIFY(running->isLocked());
+
+    // Once the first copy is gone the folder is free again.
+    running.reset();
+    const QuillmereRun next = QuillmereRun::run(home.path(), QStringLiteral("show lblTitle\n"));
+    QCOMPARE(next.exitCode, 0);
+    QCOMPARE(next.out, Tip + Title);
+}
+
+void TestRuns::separateHomeFoldersRunSideBySide()
+{
+    QTemporaryDir first;
+    QTemporaryDir second;
+    const QString data = first.filePath(QStringLiteral("Data"));
+    QVERIFY(QDir().mkpath(data));
+    QLockFile running(data + QStringLiteral("/Quillmere.lock"));
+    QVERIFY(running.tryLock(0));
+
+    const QuillmereRun r = QuillmereRun::run(second.path(), QStringLiteral("show lblTitle\n"));
+    QVERIFY(r.finished);
+    QCOMPARE(r.exitCode, 0);
+    QCOMPARE(r.out, Manifest + Tip + Title);
+    QVERIFY(running.isLocked());
+}
+
+void TestRuns::interruptedAddComesBackComplete_data()
+{
+    // Adding a credit card writes the account list, the card's budget
+    // category and the card's register. The run is stopped once the journal
+    // is in place (step 0) and after each of the three writes.
+    QTest::addColumn<int>("stopAfter");
+    QTest::newRow("not stopped") << -1;
+    QTest::newRow("journal written") << 0;
+    QTest::newRow("account list written") << 1;
+    QTest::newRow("budget written") << 2;
+    QTest::newRow("register written") << 3;
+}
+
+void TestRuns::interruptedAddComesBackComplete()
+{
+    QFETCH(int, stopAfter);
+    QTemporaryDir home;
+    QTemporaryDir config;
+    {
+        QFile conf(config.filePath(QStringLiteral("quillmere.conf")));
+        QVERIFY(conf.open(QIODevice::WriteOnly));
+        conf.write("[Options]\nShow%20Tips%20at%20Startup=0\n");
+    }
+    QuillmereRun::Options options;
+    options.configDir = config.path();
+
+    // A first run sets the home folder up, so that adding the card is the
+    // first thing written in the next one.
+    QCOMPARE(QuillmereRun::run(home.path(), QString(), options).exitCode, 0);
+
+    QuillmereRun::Options stopping = options;
+    if (stopAfter >= 0)
+        stopping.extraEnv.insert(QStringLiteral("QUILLMERE_STOP_AFTER_STEP"), QString::number(stopAfter));
+    const QuillmereRun add = QuillmereRun::run(home.path(),
+                                               QStringLiteral("choose cmbAcctType Credit Card\n"
+                                                              "set txtBankName Visa Card\n"
+                                                              "set txtStartBal 300.25\n"
+                                                              "click cmdAcctEnter\n"
+                                                              "show lblCurAcctName\n"),
+                                               stopping);
+    QVERIFY(add.finished);
+    const QString data = home.filePath(QStringLiteral("Data"));
+    if (stopAfter >= 0) {
+        QCOMPARE(add.exitCode, 70);
+        QVERIFY(add.out.isEmpty());
+        QVERIFY(QFile::exists(UnitOfWork::journalPath(data)));
+    } else {
+        QCOMPARE(add.exitCode, 0);
+        QCOMPARE(add.out, QStringLiteral("show lblCurAcctName text=\"Visa Card\" visible=1 enabled=1\n"));
+    }
+
+    // The next start finishes the operation: the card is there with its
+    // balance, and the stopped run's lock is no obstacle.
+    const QuillmereRun after = QuillmereRun::run(home.path(),
+                                                 QStringLiteral("grid flxgdBankAcct\n"
+                                                                "show lblCCTotal\n"
+                                                                "show lbltotbalamt\n"
+                                                                "show lblCurAcctName\n"
+                                                                "show lblCurAcctBal\n"),
+                                                 options);
+    QCOMPARE(after.exitCode, 0);
+    QCOMPARE(after.out, QStringLiteral("grid flxgdBankAcct 0 \"Bank Account\" \"Balance\"\n"
+                                       "grid flxgdBankAcct 1 \"Credit Cards\" \"\"\n"
+                                       "grid flxgdBankAcct 2 \"Visa Card\" \"($300.25)\"\n")
+                            + emptyGridRows(3, 9)
+                            + QStringLiteral("show lblCCTotal text=\"($300.25)\" visible=1 enabled=1\n"
+                                             "show lbltotbalamt text=\"($300.25)\" visible=1 enabled=1\n"
+                                             "show lblCurAcctName text=\"Visa Card\" visible=1 enabled=1\n"
+                                             "show lblCurAcctBal text=\"($300.25)\" visible=1 enabled=1\n"));
+    QVERIFY(!QFile::exists(UnitOfWork::journalPath(data)));
+
+    // Written once each, however often the operation was finished.
+    const DataFiles files(data, false);
+    RecordFile<BankAcctRecord> accounts(files.accountList());
+    QCOMPARE(accounts.count(), 1);
+    RecordFile<BudgetRecord> budget(files.budget());
+    int cards = 0;
+    for (const BudgetRecord &c : budget.readAll())
+        if (!c.isDeleted() && c.CCBankRecnum == 1 && c.CCBankName.is(QStringLiteral("Visa Card")))
+            ++cards;
+    QCOMPARE(cards, 1);
+    RecordFile<TransRecord> reg(files.registerFile(QStringLiteral("Visa Card")));
+    QCOMPARE(reg.count(), 1);
+    QCOMPARE(reg.read(1).Amount.toCurrencyText(), QStringLiteral("($300.25)"));
+
+    // And the next account goes in after it.
+    const QuillmereRun more = QuillmereRun::run(home.path(),
+                                                QStringLiteral("choose cmbAcctType Savings\n"
+                                                               "set txtBankName Rainy Day\n"
+                                                               "set txtStartBal 50\n"
+                                                               "click cmdAcctEnter\n"
+                                                               "show lblNewBkError\n"
+                                                               "show lbltotbalamt\n"),
+                                                options);
+    QCOMPARE(more.exitCode, 0);
+    QCOMPARE(more.out, QStringLiteral("show lblNewBkError text=\"\" visible=1 enabled=1\n"
+                                      "show lbltotbalamt text=\"($250.25)\" visible=1 enabled=1\n"));
+    QCOMPARE(accounts.count(), 2);
+}
+
+QTEST_MAIN(TestRuns)
+#include "tst_runs.moc"
