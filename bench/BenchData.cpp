@@ -90,7 +90,7 @@ const char *const Memos[] = {
 class Dice
 {
 public:
-    explicit Dice(std::uint32_t seed) : m_rng(seed) {}
+    explicit Dice(std::uint32_t variant) : m_rng(variant) {}
     std::uint32_t below(std::uint32_t n) { return m_rng() % n; }
     qint64 cents(int low, int high) { return low + qint64(below(std::uint32_t(high - low + 1))); }
 
@@ -156,7 +156,7 @@ QString scratchDir()
     return dir.path();
 }
 
-Register makeRegister(int records, std::uint32_t seed, const QString &accountName, bool card, int bankNum,
+Register makeRegister(int records, std::uint32_t variant, const QString &accountName, bool card, int bankNum,
                       int budNum)
 {
     static const auto payees = texts<70>(Payees);
@@ -165,7 +165,7 @@ Register makeRegister(int records, std::uint32_t seed, const QString &accountNam
     const auto &days = dayTexts();
     const FixedText<30> ownName(accountName);
 
-    Dice dice(seed);
+    Dice dice(variant);
     Register out;
     out.bytes = QByteArray(qsizetype(records) * TransRecord::Size, '\0');
     char *dst = out.bytes.data();

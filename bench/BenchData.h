@@ -25,10 +25,10 @@ struct Register
     Currency balance; // the sum of their amounts
 };
 
-// One register of `records` records, always the same for the same seed. The
+// One register of `records` records, always the same for the same variant. The
 // first record is the opening entry an account starts with; card registers
 // get the texts of card transactions.
-Register makeRegister(int records, std::uint32_t seed, const QString &accountName, bool card,
+Register makeRegister(int records, std::uint32_t variant, const QString &accountName, bool card,
                       int bankNum, int budNum);
 
 // A single full checking register (32,767 records), written once.

@@ -109,25 +109,25 @@ void clickIndex(QAbstractItemView *view, const QModelIndex &index)
     Q_EMIT view->clicked(index);
 }
 
-struct KeySpec
+struct KeyChord
 {
     int key = 0;
     Qt::KeyboardModifiers modifiers;
     QString text;
 };
 
-std::optional<KeySpec> parseKey(const QString &spec)
+std::optional<KeyChord> parseKey(const QString &chord)
 {
-    QString keyName = spec;
+    QString keyName = chord;
     QStringList mods;
-    if (spec.size() > 1 && spec.endsWith(QStringLiteral("++"))) {
+    if (chord.size() > 1 && chord.endsWith(QStringLiteral("++"))) {
         keyName = QStringLiteral("+");
-        mods = spec.chopped(2).split(QLatin1Char('+'));
-    } else if (spec.size() > 1) {
-        mods = spec.split(QLatin1Char('+'));
+        mods = chord.chopped(2).split(QLatin1Char('+'));
+    } else if (chord.size() > 1) {
+        mods = chord.split(QLatin1Char('+'));
         keyName = mods.takeLast();
     }
-    KeySpec k;
+    KeyChord k;
     for (const QString &m : mods) {
         if (m.compare(QStringLiteral("Shift"), Qt::CaseInsensitive) == 0)
             k.modifiers |= Qt::ShiftModifier;
@@ -340,12 +340,23 @@ QString ScriptControls::click(QWidget *w, const QString &name)
     return QString();
 }
 
-QString ScriptControls::clickCell(QWidget *w, const QString &name, int row, int column)
+// The grid a command names, when a user could reach it; else null and why not.
+static QTableView *usableGrid(QWidget *w, const QString &name, QString *problem)
 {
     auto *table = qobject_cast<QTableView *>(w);
-    if (!table || !table->model())
-        return QStringLiteral("%1 is not a grid").arg(name);
-    if (QString problem = checkUsable(w, name); !problem.isEmpty())
+    if (!table || !table->model()) {
+        *problem = QStringLiteral("%1 is not a grid").arg(name);
+        return nullptr;
+    }
+    *problem = ScriptControls::checkUsable(w, name);
+    return problem->isEmpty() ? table : nullptr;
+}
+
+QString ScriptControls::clickCell(QWidget *w, const QString &name, int row, int column)
+{
+    QString problem;
+    QTableView *table = usableGrid(w, name, &problem);
+    if (!table)
         return problem;
     const QAbstractItemModel *model = table->model();
     if (column < 0 || column >= model->columnCount() || table->isColumnHidden(column))
@@ -373,10 +384,9 @@ QString ScriptControls::clickCell(QWidget *w, const QString &name, int row, int 
 
 QString ScriptControls::selectRows(QWidget *w, const QString &name, int first, int last)
 {
-    auto *table = qobject_cast<QTableView *>(w);
-    if (!table || !table->model())
-        return QStringLiteral("%1 is not a grid").arg(name);
-    if (QString problem = checkUsable(w, name); !problem.isEmpty())
+    QString problem;
+    QTableView *table = usableGrid(w, name, &problem);
+    if (!table)
         return problem;
     const QAbstractItemModel *model = table->model();
     if (first < 1 || last < first || last > model->rowCount())
