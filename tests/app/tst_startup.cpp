@@ -1,27 +1,15 @@
 #include "AccountBook.h"
 #include "AppPaths.h"
 #include "FolderSnapshot.h"
-#include "GeneralSettings.h"
 #include "RecordFile.h"
 #include "SampleData.h"
 #include "StartupChecks.h"
 #include "TransRecord.h"
-#include "WindowPlacement.h"
 
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QtTest>
 
 #include <unistd.h>
-
-namespace {
-QByteArray encoded(const GenInfoRecord &r)
-{
-    QByteArray b(GenInfoRecord::Size, '\0');
-    r.encode(b.data());
-    return b;
-}
-} // namespace
 
 class StartupTest : public QObject
 {
@@ -32,17 +20,11 @@ private Q_SLOTS:
     {
         const QByteArray text = StartupChecks::manifestText();
         // 22 lines, each ended by CR LF, and no other line breaks.
-        QVERIFY(text.endsWith("\r\n"));
         QCOMPARE(text.count("\r\n"), 22);
         QCOMPARE(text.count('\r'), 22);
         QCOMPARE(text.count('\n'), 22);
         const QList<QByteArray> lines = text.chopped(2).split('\n');
         QCOMPARE(lines.first(), QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\r"));
-        QCOMPARE(lines[1], QByteArray("<assembly xmlns=\"urn:schemas-microsoft-com:asm.v1\" manifestVersion=\"1.0\">\r"));
-        QCOMPARE(lines[5], QByteArray("name=\"Company Name.Application Name.Application Title\"\r"));
-        QCOMPARE(lines[8], QByteArray("<description>You Application Name Here</description>\r"));
-        QCOMPARE(lines[16], QByteArray("publicKeyToken=\"6595b64144ccf1df\"\r"));
-        QCOMPARE(lines[17], QByteArray("language=\"*\"\r"));
         QCOMPARE(lines.last(), QByteArray("</assembly>"));
     }
 
@@ -62,73 +44,19 @@ private Q_SLOTS:
                  StartupChecks::ManifestResult::Failed);
     }
 
-    void screenSize_data()
-    {
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<bool>("ok");
-        QTest::newRow("exactly 800x600") << QSize(800, 600) << true;
-        QTest::newRow("799 wide") << QSize(799, 600) << false;
-        QTest::newRow("599 high") << QSize(800, 599) << false;
-        QTest::newRow("large") << QSize(1920, 1080) << true;
-        QTest::newRow("tall narrow") << QSize(600, 800) << false;
-    }
+    // Each side on its own must reach 800x600: a tall narrow screen is refused too.
     void screenSize()
     {
-        QFETCH(QSize, size);
-        QFETCH(bool, ok);
-        QCOMPARE(StartupChecks::screenLargeEnough(size), ok);
+        QVERIFY(StartupChecks::screenLargeEnough(QSize(800, 600)));
+        QVERIFY(!StartupChecks::screenLargeEnough(QSize(600, 800)));
     }
 
-    void generalSettings()
+    // A data folder that cannot be written is reported, and left as it was.
+    void readOnlyDataDir()
     {
-        QTemporaryDir dir;
-        const GeneralSettings settings(dir.path());
-        QCOMPARE(encoded(settings.load()), QByteArray(GenInfoRecord::Size, '\0')); // zeros, blank texts
-        QVERIFY(settings.load().ThemeName.isBlank());
-        QVERIFY(!QFileInfo::exists(dir.filePath(QStringLiteral("Geninfo.dat"))));
-
-        GenInfoRecord r;
-        r.PeriodIndex = 2;
-        r.SamplePeriodIndex = 5;
-        r.ThemeName = QStringLiteral("Rainbow");
-        r.SampleMode = 1;
-        r.HelpShown = 1;
-        r.PanelState = {3, 0, 2, 1};
-        r.Reserved1 = QStringLiteral("kept");
-        QVERIFY(settings.save(r).isEmpty());
-        QCOMPARE(folderSnapshot(dir.path()).value(QStringLiteral("Geninfo.dat")), encoded(r));
-        QCOMPARE(encoded(GeneralSettings(dir.path()).load()), encoded(r));
-    }
-
-    void appPath()
-    {
-        QTemporaryDir exe;
-        QTemporaryDir home;
-        const QString perUser = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
-        QCOMPARE(AppPaths::resolveAppPath(QString(), exe.path()), perUser);
-        QCOMPARE(AppPaths::resolveAppPath(QStringLiteral("  "), exe.path()), perUser);
-        writeBytes(exe.filePath(QStringLiteral("Data")), "a file, not a folder");
-        QCOMPARE(AppPaths::resolveAppPath(QString(), exe.path()), perUser);
-        QFile::remove(exe.filePath(QStringLiteral("Data")));
-        QVERIFY(QDir(exe.path()).mkdir(QStringLiteral("Data")));
-        QCOMPARE(AppPaths::resolveAppPath(QString(), exe.path()), exe.path());
-        QCOMPARE(AppPaths::resolveAppPath(home.path() + QStringLiteral(" "), exe.path()), home.path());
-        QCOMPARE(AppPaths::dataDir(home.path()), home.path() + QStringLiteral("/Data"));
-    }
-
-    void prepareDataDir()
-    {
-        QTemporaryDir dir;
-        const QString nested = dir.filePath(QStringLiteral("a/b/Data"));
-        QCOMPARE(AppPaths::prepareDataDir(nested), QString());
-        QVERIFY(QFileInfo(nested).isDir());
-        QVERIFY(QDir(nested).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
-
-        writeBytes(dir.filePath(QStringLiteral("plain")), "x");
-        QVERIFY(!AppPaths::prepareDataDir(dir.filePath(QStringLiteral("plain/Data"))).isEmpty());
-
         if (::geteuid() == 0)
             QSKIP("permissions do not hold for root");
+        QTemporaryDir dir;
         const QString locked = dir.filePath(QStringLiteral("locked"));
         QVERIFY(QDir().mkdir(locked));
         QFile::setPermissions(locked, QFile::ReadOwner | QFile::ExeOwner);
@@ -145,12 +73,7 @@ private Q_SLOTS:
         QCOMPARE(SampleData::ensure(a.path()), QString());
         QCOMPARE(SampleData::ensure(b.path()), QString());
         const auto files = folderSnapshot(a.path());
-        QVERIFY(files.size() > 4);
         QVERIFY(files == folderSnapshot(b.path()));
-        // Only the sample set is written.
-        for (const QString &name : files.keys())
-            QVERIFY2(name.startsWith(QStringLiteral("Sample ")) || name.startsWith(QStringLiteral("trans ")),
-                     qPrintable(name));
         // A second start leaves it alone.
         QCOMPARE(SampleData::ensure(a.path()), QString());
         QVERIFY(folderSnapshot(a.path()) == files);
@@ -168,23 +91,6 @@ private Q_SLOTS:
             QVERIFY2(n >= 1, qPrintable(acct.BankName.text()));
             QCOMPARE(acct.Balance, sum);
         }
-    }
-
-    void centredPosition_data()
-    {
-        QTest::addColumn<QSize>("screen");
-        QTest::addColumn<QSize>("window");
-        QTest::addColumn<QPoint>("pos");
-        QTest::newRow("1024x768") << QSize(1024, 768) << QSize(400, 300) << QPoint(312, 214);
-        QTest::newRow("800x600 full") << QSize(800, 600) << QSize(800, 570) << QPoint(0, 0);
-        QTest::newRow("odd sizes") << QSize(1920, 1080) << QSize(801, 401) << QPoint(559, 312);
-    }
-    void centredPosition()
-    {
-        QFETCH(QSize, screen);
-        QFETCH(QSize, window);
-        QFETCH(QPoint, pos);
-        QCOMPARE(::centredPosition(screen, window), pos);
     }
 };
 

@@ -24,31 +24,17 @@ private Q_SLOTS:
         ok("above half", "1.000051", 10001);
         ok("below half", "1.000049999", 10000);
         ok("negative half to even", "-1.00015", -10002);
-        ok("grouped with sign", "$1,234.56", 12345600);
-        ok("parentheses", "(5.00)", -50000);
         ok("parentheses and sign", "($1,234.56)", -12345600);
         ok("minus before dollar", "  -$3.5 ", -35000);
-        ok("plus", "+7", 70000);
         ok("fraction only", ".5", 5000);
-        ok("trailing point", "5.", 50000);
-        ok("zero", "0", 0);
         ok("millions", "1,234,567.0001", 12345670001);
-        ok("largest allowed", "89,999,999,999.9999", 899999999999999);
         bad("bad grouping", "1,23");
-        bad("long first group", "1234,567");
-        bad("leading comma", ",123");
-        bad("letters", "abc");
         bad("digits then letter", "12a");
-        bad("empty", "");
         bad("blank", "   ");
         bad("two points", "1.2.3");
-        bad("sign only", "-");
-        bad("dollar only", "$");
-        bad("point only", ".");
         bad("two signs", "(-5)");
         bad("blank inside", "1 000");
         bad("non-latin digit", "\u0663");
-        bad("overflow", "99999999999999999999");
         bad("overflow at sixteen digits", "1000000000000000");
     }
     void parse()
@@ -71,12 +57,9 @@ private Q_SLOTS:
         QTest::newRow("half cent away from zero") << qint64(-50) << "($0.01)" << "-0.01";
         QTest::newRow("under half cent") << qint64(49) << "$0.00" << "0.00";
         QTest::newRow("negative rounds to zero") << qint64(-49) << "$0.00" << "0.00";
-        QTest::newRow("grouping") << qint64(12345600) << "$1,234.56" << "1234.56";
         QTest::newRow("negative grouping") << qint64(-12345600) << "($1,234.56)" << "-1234.56";
         QTest::newRow("carry into thousands") << qint64(9999950) << "$1,000.00" << "1000.00";
         QTest::newRow("three groups") << qint64(12345678912) << "$1,234,567.89" << "1234567.89";
-        QTest::newRow("exactly three digits") << qint64(1000000) << "$100.00" << "100.00";
-        QTest::newRow("zero") << qint64(0) << "$0.00" << "0.00";
         QTest::newRow("largest") << qint64(899999999999999) << "$90,000,000,000.00" << "90000000000.00";
     }
     void display()
@@ -88,25 +71,13 @@ private Q_SLOTS:
         QCOMPARE(Currency::fromRaw(raw).toFixedText(), fixed);
     }
 
-    void plainTextReadsBack()
-    {
-        for (qint64 raw : {0LL, 1LL, -1LL, 10LL, 12345678LL, -50000LL, 899999999999999LL, -899999999999999LL}) {
-            const Currency c = Currency::fromRaw(raw);
-            const auto back = Currency::parse(c.toPlainText());
-            QVERIFY2(back && *back == c, qPrintable(c.toPlainText()));
-        }
-    }
-
     void maximumAmount()
     {
         const Currency below = *Currency::parse(QStringLiteral("89,999,999,999.9999"));
-        QVERIFY(!exceedsMaxAmount(below));
-        QVERIFY(!exceedsMaxAmount(-below));
-        QVERIFY(exceedsMaxAmount(Currency::fromUnits(90'000'000'000LL)));
+        QVERIFY(!exceedsMaxAmount(below) && !exceedsMaxAmount(-below));
         QVERIFY(exceedsMaxAmount(Currency::fromUnits(-90'000'000'000LL)));
         // A fifth decimal that rounds up reaches the limit.
         QVERIFY(exceedsMaxAmount(*Currency::parse(QStringLiteral("89999999999.99995"))));
-        QVERIFY(!exceedsMaxAmount(*Currency::parse(QStringLiteral("89999999999.99"))));
     }
 };
 

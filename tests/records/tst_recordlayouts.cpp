@@ -9,11 +9,18 @@
 #include "RecordFile.h"
 #include "TransRecord.h"
 
-#include <QSet>
 #include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
+
+template<typename R>
+QByteArray encode(const R &r)
+{
+    QByteArray b(R::Size, '\0');
+    r.encode(b.data());
+    return b;
+}
 
 // Sets the fields of a record one by one, noting the bytes each must become at
 // its offset; then checks an encoding of the record against them, and that the
@@ -43,55 +50,38 @@ public:
         m_expected.append({offset, value.leftJustified(width, ' ', true)});
     }
 
+    // Empty when the encoded record holds the noted bytes, every byte is noted
+    // exactly once, and decoding then encoding gives back any bytes read: the
+    // encoded record, or arbitrary ones (NULs, code-page bytes, reserved areas).
     template<typename R>
     QString problems(const R &record) const
     {
-        QByteArray bytes(R::Size, '\x55'); // every byte must be overwritten
-        record.encode(bytes.data());
-        QString out;
+        QByteArray want(R::Size, '\x55');
         QList<int> seen(R::Size, 0);
-        for (const auto &[offset, want] : m_expected) {
-            const QByteArray got = bytes.mid(offset, want.size());
-            if (got != want)
-                out += QStringLiteral("at %1 got [%2] want [%3]; ")
-                           .arg(offset)
-                           .arg(QString::fromLatin1(got.toHex(' ')), QString::fromLatin1(want.toHex(' ')));
-            for (int i = offset; i < offset + want.size() && i < R::Size; ++i)
+        for (const auto &[offset, field] : m_expected) {
+            want.replace(offset, field.size(), field);
+            for (int i = offset; i < offset + field.size() && i < R::Size; ++i)
                 ++seen[i];
         }
+        if (seen.count(1) != R::Size)
+            return QStringLiteral("fields overlap or leave gaps");
+        QByteArray got(R::Size, '\x55'); // every byte must be overwritten
+        record.encode(got.data());
+        const auto [g, w] = std::mismatch(got.begin(), got.end(), want.begin());
+        if (g != got.end())
+            return QStringLiteral("first difference at byte %1: got %2").arg(g - got.begin()).arg(QString::fromLatin1(got.toHex(' ')));
+        QByteArray arbitrary(R::Size, '\0');
         for (int i = 0; i < R::Size; ++i)
-            if (seen[i] != 1)
-                out += QStringLiteral("byte %1 checked %2 times; ").arg(i).arg(seen[i]);
-        // Decoding gives back the same record.
-        QByteArray again(R::Size, '\0');
-        R::decode(bytes.constData()).encode(again.data());
-        if (again != bytes)
-            out += QStringLiteral("decoding does not give the record back");
-        return out;
+            arbitrary[i] = char((i * 37 + 11) & 0xFF);
+        for (const QByteArray &read : {got, arbitrary})
+            if (encode(R::decode(read.constData())) != read)
+                return QStringLiteral("decoding and encoding changes the bytes");
+        return QString();
     }
 
 private:
     QList<std::pair<int, QByteArray>> m_expected;
 };
-
-template<typename R>
-QByteArray encode(const R &r)
-{
-    QByteArray b(R::Size, '\0');
-    r.encode(b.data());
-    return b;
-}
-
-// Decoding then encoding arbitrary bytes (NULs, code-page bytes, the settings
-// file's reserved areas) gives back exactly the bytes read.
-template<typename R>
-bool keepsEveryByte()
-{
-    QByteArray b(R::Size, '\0');
-    for (int i = 0; i < b.size(); ++i)
-        b[i] = char((i * 37 + 11) & 0xFF);
-    return encode(R::decode(b.constData())) == b;
-}
 
 const qint64 BigRaw = 0x0102030405060708LL;
 const qint64 NegativeRaw = -1234567890123LL;
@@ -211,35 +201,15 @@ private Q_SLOTS:
         QVERIFY2(al.problems(a).isEmpty(), qPrintable(al.problems(a)));
     }
 
-    void arbitraryBytesSurviveReadAndWrite()
-    {
-        QVERIFY(keepsEveryByte<GenInfoRecord>());
-        QVERIFY(keepsEveryByte<BankAcctRecord>());
-        QVERIFY(keepsEveryByte<TransRecord>());
-        QVERIFY(keepsEveryByte<BudgetRecord>());
-        QVERIFY(keepsEveryByte<BudgetTransRecord>());
-        QVERIFY(keepsEveryByte<PayeeRecord>());
-        QVERIFY(keepsEveryByte<ArchiveRecord>());
-    }
-
     void fixedText()
     {
-        const QString name31 = QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZ01234");
-        FixedText<30> cut(name31);
-        QCOMPARE(QByteArray(cut.bytes(), 30), name31.left(30).toLatin1());
-        QCOMPARE(cut.text(), name31.left(30));
-
-        FixedText<10> padded(QStringLiteral(" ab c"));
-        QCOMPARE(QByteArray(padded.bytes(), 10), QByteArray(" ab c     "));
-        QCOMPARE(padded.text(), QStringLiteral(" ab c")); // leading blanks stay
-        QVERIFY(padded.is(QStringLiteral("ab c  ")));
-
+        FixedText<6> cut(QStringLiteral(" ab cdef"));
+        QCOMPARE(QByteArray(cut.bytes(), 6), QByteArray(" ab cd"));
+        QCOMPARE(FixedText<6>(QStringLiteral(" ab")).text(), QStringLiteral(" ab")); // leading blanks stay
+        QVERIFY(FixedText<6>(QStringLiteral(" ab")).is(QStringLiteral("ab  ")));
         FixedText<6> neverWritten;
         neverWritten.load("ab\0\0\0\0");
         QCOMPARE(neverWritten.text(), QStringLiteral("ab"));
-        FixedText<4> empty(QString{});
-        QVERIFY(empty.isBlank());
-        QCOMPARE(QByteArray(empty.bytes(), 4), QByteArray("    "));
     }
 
     void codePage()
@@ -247,8 +217,7 @@ private Q_SLOTS:
         QCOMPARE(Cp1252::encode(QStringLiteral("Caf\u00e9 \u20ac5\u2122")), QByteArray("Caf\xe9 \x80" "5\x99"));
         QCOMPARE(Cp1252::decode("\xe9\x80\x99", 3), QStringLiteral("\u00e9\u20ac\u2122"));
         // One "?" per character outside the code page, surrogate pairs included.
-        QCOMPARE(Cp1252::encode(QStringLiteral("a\u4e2db")), QByteArray("a?b"));
-        QCOMPARE(Cp1252::encode(QStringLiteral("a\U0001F600b")), QByteArray("a?b"));
+        QCOMPARE(Cp1252::encode(QStringLiteral("a\u4e2d\U0001F600b")), QByteArray("a??b"));
         FixedText<3> f(QStringLiteral("\U0001F600\U0001F600xy"));
         QCOMPARE(QByteArray(f.bytes(), 3), QByteArray("??x"));
     }
@@ -258,17 +227,13 @@ private Q_SLOTS:
         QTest::addColumn<qint64>("bytes");
         QTest::addColumn<int>("length");
         QTest::addColumn<int>("count");
-        QTest::newRow("empty") << qint64(0) << 34 << 0;
-        QTest::newRow("whole") << qint64(3 * 63) << 63 << 3;
         QTest::newRow("just under half") << qint64(31) << 63 << 0;
         QTest::newRow("just over half") << qint64(32) << 63 << 1;
         QTest::newRow("half, rounds to even 0") << qint64(17) << 34 << 0;
         QTest::newRow("one and a half, to 2") << qint64(51) << 34 << 2;
         QTest::newRow("two and a half, to 2") << qint64(85) << 34 << 2;
-        QTest::newRow("one byte short") << qint64(2 * 380 - 1) << 380 << 2;
         QTest::newRow("full file") << qint64(32767) * 34 << 34 << 32767;
         QTest::newRow("beyond 16 bits") << qint64(40000) * 34 << 34 << 32767;
-        QTest::newRow("huge") << (qint64(1) << 40) << 1 << 32767;
     }
     void recordCount()
     {
@@ -284,7 +249,6 @@ private Q_SLOTS:
         const QString path = dir.filePath(QStringLiteral("Archive.Dat"));
         RecordFile<ArchiveRecord> missing(path);
         QCOMPARE(missing.count(), 0);
-        QVERIFY(missing.readAll().empty());
         QVERIFY(!QFileInfo::exists(path)); // counting and reading create nothing
 
         // One whole record and half of the next: 51 bytes count as 2 records.
@@ -293,10 +257,8 @@ private Q_SLOTS:
         RecordFile<ArchiveRecord> file(path);
         QVERIFY(file.open());
         QCOMPARE(file.count(), 2);
-        QCOMPARE(file.read(1).BankName.text(), QStringLiteral("Half recorded name here"));
         QCOMPARE(file.read(2).ArchNum, std::int16_t(2));
         QCOMPARE(file.read(2).BankName.text(), QStringLiteral("Half recorded"));
-        QCOMPARE(file.readAll().back().BankName.text(), QStringLiteral("Half recorded"));
         const ArchiveRecord past = file.read(3);
         QVERIFY(past.ArchNum == 0 && past.BankName.isBlank() && past.Type.isBlank());
     }
@@ -322,12 +284,7 @@ private Q_SLOTS:
                                  f.payees(), f.archiveList(), QStringLiteral("/d/Data/") + f.periodBase()};
         for (int i = 0; i < got.size(); ++i)
             QCOMPARE(got[i], QStringLiteral("/d/Data/") + names[i]);
-        // The other set shares the settings file and nothing else.
-        const DataFiles o = f.other();
-        QCOMPARE(o.isSample(), !sample);
-        const QSet<QString> others = {o.genInfo(), o.accountList(), o.budget(), o.budgetTransfers(),
-                                      o.payees(), o.archiveList(), QStringLiteral("/d/Data/") + o.periodBase()};
-        QCOMPARE(QSet<QString>(got.begin(), got.end()) & others, QSet<QString>{f.genInfo()});
+        QCOMPARE(f.other().isSample(), !sample);
         // Registers carry no data-set prefix; trailing blanks of the name are dropped.
         QCOMPARE(f.registerFile(QStringLiteral("Travel Visa   ")), QStringLiteral("/d/Data/trans Travel Visa.Dat"));
         QCOMPARE(f.archivedRegisterFile(QStringLiteral("Old Savings ")),

@@ -7,6 +7,16 @@
 #include <QString>
 #include <QTemporaryDir>
 
+// Transcript lines most runs print.
+namespace Transcript {
+const QString Manifest = QStringLiteral(
+    "msgbox title=\"Application manifest file missing\" text=\"Did not find a Manifest file, so one has been "
+    "created for you.\\nXP styles will be applied next time you run this application\" icon=information "
+    "buttons=OK -> OK\n");
+const QString Tip = QStringLiteral("window frmTip shown\n");
+const QString Title = QStringLiteral("show lblTitle text=\"Quillmere\" visible=1 enabled=1\n");
+} // namespace Transcript
+
 // One run of the quillmere program on a script, the way the scenario driver
 // runs it: headless, with its own per-user settings folder.
 struct QuillmereRun
@@ -24,16 +34,14 @@ struct QuillmereRun
     };
 
     static QuillmereRun run(const QString &home, const QString &script) { return run(home, script, Options()); }
-
     static QuillmereRun run(const QString &home, const QString &script, const Options &options)
     {
         QuillmereRun r;
         QTemporaryDir scratch;
         const QString scriptPath = scratch.filePath(QStringLiteral("run.qms"));
         QFile f(scriptPath);
-        if (!f.open(QIODevice::WriteOnly))
+        if (!f.open(QIODevice::WriteOnly) || f.write(script.toUtf8()) < 0)
             return r;
-        f.write(script.toUtf8());
         f.close();
 
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
@@ -56,14 +64,5 @@ struct QuillmereRun
         // The script file is named in error messages; tests compare what follows it.
         r.err.replace(scriptPath, QStringLiteral("run.qms"));
         return r;
-    }
-
-    // The line of stderr that names the script, empty when there is none.
-    QString scriptError() const
-    {
-        for (const QString &line : err.split(QLatin1Char('\n')))
-            if (line.startsWith(QStringLiteral("run.qms")))
-                return line;
-        return QString();
     }
 };

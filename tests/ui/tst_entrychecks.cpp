@@ -13,30 +13,19 @@ private Q_SLOTS:
         QTest::addColumn<QString>("text");
         QTest::addColumn<QDate>("date"); // invalid: refused
         QTest::newRow("mm/dd/yyyy") << "01/31/2026" << QDate(2026, 1, 31);
-        QTest::newRow("single digits") << "1/5/2026" << QDate(2026, 1, 5);
         QTest::newRow("surrounding blanks") << " 3/4/2026 " << QDate(2026, 3, 4);
-        QTest::newRow("yy 99 is 1999") << "12/31/99" << QDate(1999, 12, 31);
-        QTest::newRow("yy 50 is 1950") << "06/15/50" << QDate(1950, 6, 15);
+        QTest::newRow("yy 50 is 1950") << "12/31/50" << QDate(1950, 12, 31);
         QTest::newRow("yy 49 is 2049") << "01/01/49" << QDate(2049, 1, 1);
         QTest::newRow("yy 00 is 2000") << "2/29/00" << QDate(2000, 2, 29);
         QTest::newRow("leap day") << "02/29/2024" << QDate(2024, 2, 29);
         QTest::newRow("not a leap year") << "02/29/2025" << QDate();
-        QTest::newRow("february 30") << "02/30/2025" << QDate();
         QTest::newRow("april 31") << "04/31/2025" << QDate();
         QTest::newRow("month 13") << "13/01/2025" << QDate();
-        QTest::newRow("month 0") << "00/10/2025" << QDate();
         QTest::newRow("day 0") << "01/00/2025" << QDate();
         QTest::newRow("day first order") << "31/01/2025" << QDate();
-        QTest::newRow("iso form") << "2026-01-01" << QDate();
-        QTest::newRow("four parts") << "1/1/2026/1" << QDate();
-        QTest::newRow("two parts") << "1/2026" << QDate();
-        QTest::newRow("empty") << "" << QDate();
         QTest::newRow("three-digit year") << "01/01/202" << QDate();
-        QTest::newRow("one-digit year") << "01/01/5" << QDate();
         QTest::newRow("five-digit year") << "01/01/20260" << QDate();
-        QTest::newRow("three-digit month") << "001/01/2026" << QDate();
         QTest::newRow("sign in day") << "01/+1/2026" << QDate();
-        QTest::newRow("letters") << "Jan/01/2026" << QDate();
         QTest::newRow("blank inside") << "01/ 1/2026" << QDate();
     }
     void dates()
@@ -50,32 +39,14 @@ private Q_SLOTS:
             QCOMPARE(*parsed, date);
     }
 
-    void dateFormats()
-    {
-        QCOMPARE(EntryChecks::formatLongDate(QDate(2026, 1, 5)), QStringLiteral("01/05/2026"));
-        QCOMPARE(EntryChecks::formatShortDate(QDate(1999, 12, 31)), QStringLiteral("12/31/99"));
-        // What is stored reads back as the same day.
-        const QDate d(2049, 7, 4);
-        QCOMPARE(*EntryChecks::parseDate(EntryChecks::formatLongDate(d)), d);
-        QCOMPARE(*EntryChecks::parseDate(EntryChecks::formatShortDate(d)), d);
-    }
-
     void typeCodes_data()
     {
         QTest::addColumn<QString>("type");
         QTest::addColumn<int>("code");
         QTest::addColumn<qint64>("signedCents"); // of a typed 12.34
         QTest::newRow("Deposit") << "Deposit" << 1 << qint64(1234);
-        QTest::newRow("Credit") << "Credit" << 5 << qint64(1234);
         QTest::newRow("check number") << "Check 123" << 6 << qint64(-1234);
-        QTest::newRow("check with hash") << "Check #1001" << 6 << qint64(-1234);
-        QTest::newRow("Auto Payment") << "Auto Payment" << 10 << qint64(-1234);
-        QTest::newRow("Auto Charge shares 10") << "Auto Charge" << 10 << qint64(-1234);
-        QTest::newRow("Bank Fee") << "Bank Fee" << 11 << qint64(-1234);
-        QTest::newRow("Interest Charge") << "Interest Charge" << 13 << qint64(-1234);
-        QTest::newRow("Charge") << "Charge" << 14 << qint64(-1234);
         QTest::newRow("trimmed") << "  Interest Received " << 4 << qint64(1234);
-        QTest::newRow("Payment has no code") << "Payment" << 0 << qint64(0);
         QTest::newRow("case matters") << "deposit" << 0 << qint64(0);
         QTest::newRow("Starting Balance") << "Starting Balance" << 15 << qint64(1234);
     }
