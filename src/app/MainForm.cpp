@@ -1,10 +1,11 @@
 #include "MainForm.h"
 
 #include "AccountBook.h"
-#include "AccountKinds.h"
+#include "AccountEditor.h"
 #include "AccountsPanel.h"
 #include "GeneralSettings.h"
 #include "Interaction.h"
+#include "RegisterPanel.h"
 #include "WindowUtils.h"
 
 #include <QComboBox>
@@ -36,6 +37,10 @@ QTableView { background: white; gridline-color: #d5dee8; selection-background-co
              selection-color: black; }
 #lblNewBkError { color: #c0392b; }
 #picHelp { background: #fffbe6; border: 1px solid #e6d892; border-radius: 4px; }
+#picPanelButtons QPushButton { padding: 4px 14px; }
+#picPanelButtons QPushButton:checked { background: #1f4e79; color: white; border: 1px solid #1f4e79;
+                                       border-radius: 3px; }
+#picEntry { background: #f8fbfd; border: 1px solid #b8c7d6; border-radius: 4px; }
 )";
 
 QPushButton *titleButton(const QString &text, const QString &name, QWidget *parent)
@@ -58,23 +63,19 @@ MainForm::MainForm(Interaction &interaction, const QString &dataDir, QWidget *pa
     setMinimumSize(780, 560);
 
     m_accounts = new AccountsPanel(m_interaction, this);
+    m_accounts->setMinimumWidth(230);
+    m_accounts->setMaximumWidth(280);
     connect(m_accounts, &AccountsPanel::accountClicked, this, &MainForm::setCurrentAccount);
-    connect(m_accounts, &AccountsPanel::accountAdded, this, &MainForm::setCurrentAccount);
-    connect(m_accounts, &AccountsPanel::accountRenamed, this, &MainForm::setCurrentAccount);
-
-    m_work = new QStackedWidget(this);
-    m_work->setObjectName(QStringLiteral("picWorkArea"));
-    m_work->addWidget(buildCurrentAccountPanel());
 
     auto *right = new QVBoxLayout;
-    right->addWidget(m_work, 1);
+    right->addWidget(buildWorkArea(), 1);
     right->addWidget(buildHelpPanel());
 
     auto *body = new QHBoxLayout;
     body->setContentsMargins(10, 8, 10, 10);
-    body->setSpacing(12);
-    body->addWidget(m_accounts, 5);
-    body->addLayout(right, 4);
+    body->setSpacing(10);
+    body->addWidget(m_accounts, 3);
+    body->addLayout(right, 7);
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -135,29 +136,57 @@ QWidget *MainForm::buildTitleBar()
     return bar;
 }
 
-QWidget *MainForm::buildCurrentAccountPanel()
+QWidget *MainForm::buildWorkArea()
 {
-    auto *panel = new QFrame(this);
-    panel->setObjectName(QStringLiteral("picRegister"));
-    panel->setFrameShape(QFrame::StyledPanel);
-    m_currentName = new QLabel(panel);
-    m_currentName->setObjectName(QStringLiteral("lblCurAcctName"));
-    QFont big = m_currentName->font();
-    big.setPointSize(big.pointSize() + 4);
-    big.setBold(true);
-    m_currentName->setFont(big);
-    m_currentKind = new QLabel(panel);
-    m_currentKind->setObjectName(QStringLiteral("lblCurAcctType"));
-    m_currentBalance = new QLabel(panel);
-    m_currentBalance->setObjectName(QStringLiteral("lblCurAcctBal"));
-    m_currentBalance->setFont(big);
-    auto *layout = new QVBoxLayout(panel);
-    layout->addWidget(new QLabel(tr("Current account"), panel));
-    layout->addWidget(m_currentName);
-    layout->addWidget(m_currentKind);
-    layout->addWidget(m_currentBalance);
-    layout->addStretch();
-    return panel;
+    auto *area = new QWidget(this);
+    auto *buttons = new QWidget(area);
+    buttons->setObjectName(QStringLiteral("picPanelButtons"));
+    m_registerButton = new QPushButton(tr("Register"), buttons);
+    m_registerButton->setObjectName(QStringLiteral("cmdRegister"));
+    m_accountsButton = new QPushButton(tr("Accounts"), buttons);
+    m_accountsButton->setObjectName(QStringLiteral("cmdAccounts"));
+    for (QPushButton *b : {m_registerButton, m_accountsButton})
+        b->setCheckable(true);
+    connect(m_registerButton, &QPushButton::clicked, this, [this] { showPanel(QStringLiteral("register")); });
+    connect(m_accountsButton, &QPushButton::clicked, this, [this] { showPanel(QStringLiteral("accounts")); });
+    auto *buttonRow = new QHBoxLayout(buttons);
+    buttonRow->setContentsMargins(0, 0, 0, 0);
+    buttonRow->addWidget(m_registerButton);
+    buttonRow->addWidget(m_accountsButton);
+    buttonRow->addStretch();
+
+    m_register = new RegisterPanel(m_interaction, area);
+    connect(m_register, &RegisterPanel::balancesChanged, this, [this] {
+        m_current = m_register->account();
+        m_accounts->ShowAcctsForm();
+    });
+    m_editor = new AccountEditor(m_interaction, area);
+    m_editor->setObjectName(QStringLiteral("fraNewAccount"));
+    connect(m_editor, &AccountEditor::accountAdded, this, [this](int bankNum) {
+        m_accounts->ShowAcctsForm();
+        setCurrentAccount(bankNum);
+    });
+    connect(m_editor, &AccountEditor::accountRenamed, this, [this](int bankNum) {
+        m_accounts->ShowAcctsForm();
+        setCurrentAccount(bankNum);
+    });
+    auto *accountsPage = new QWidget(area);
+    auto *accountsLayout = new QVBoxLayout(accountsPage);
+    accountsLayout->setContentsMargins(0, 0, 0, 0);
+    accountsLayout->addWidget(m_editor);
+    accountsLayout->addStretch();
+
+    m_work = new QStackedWidget(area);
+    m_work->setObjectName(QStringLiteral("picWorkArea"));
+    m_work->addWidget(m_register);
+    m_work->addWidget(accountsPage);
+
+    auto *layout = new QVBoxLayout(area);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(6);
+    layout->addWidget(buttons);
+    layout->addWidget(m_work, 1);
+    return area;
 }
 
 QWidget *MainForm::buildHelpPanel()
@@ -166,12 +195,13 @@ QWidget *MainForm::buildHelpPanel()
     m_help->setObjectName(QStringLiteral("picHelp"));
     auto *text = new QLabel(
         tr("<b>Getting started</b><br>"
-           "Add each of your accounts with the form under the account list: pick its type, "
+           "Add each of your accounts on the <i>Accounts</i> panel: pick its type, "
            "give it a name, and enter the ending balance of your last bank statement "
            "(or the first deposit of a new account).<br><br>"
            "Credit cards start as a <i>Debit</i>: the money you owe.<br><br>"
-           "Click an account to make it current; <i>Rename</i> changes the name of the current "
-           "account.<br><br><i>Sample Accts</i> opens a ready-made set of accounts to try "
+           "Click an account to open its register. Pick a type, date, payee and amount under "
+           "the register and press <i>Enter</i>; click a row to change it, or use "
+           "<i>Quick Entry</i> to enter a copy of it.<br><br><i>Sample Accts</i> opens a ready-made set of accounts to try "
            "things out with; <i>My Account</i> brings you back to your own."),
         m_help);
     text->setObjectName(QStringLiteral("lblHelpText"));
@@ -197,7 +227,7 @@ void MainForm::load()
     for (auto &state : m_settings.PanelState)
         if (state < 0 || state > GeneralSettings::MaxPanelState)
             state = 0;
-    m_work->setCurrentIndex(0);
+    showWorkPage(m_settings.PanelState[0] == 1 ? 1 : 0);
     setHelpShown(m_settings.HelpShown == 1);
     if (themeChanged)
         saveSettings();
@@ -212,11 +242,17 @@ void MainForm::openDataSet()
     const int period = m_sample ? m_settings.SamplePeriodIndex : m_settings.PeriodIndex;
     m_period->setCurrentIndex(period >= 0 && period < m_period->count() ? period : 0);
 
-    const auto first = AccountBook(m_files).firstLive();
-    m_current = first.value_or(BankAcctRecord{});
     m_accounts->setDataFiles(m_files);
+    m_editor->setDataFiles(m_files);
+    m_register->setDataFiles(m_files);
+    const auto first = AccountBook(m_files).firstLive();
+    m_current = BankAcctRecord{};
+    if (first)
+        setCurrentAccount(first->BankNum);
+    else
+        m_register->setAccount(m_current);
     m_accounts->setCurrentAccount(m_current.BankNum);
-    refreshCurrentAccount();
+    m_editor->setCurrentAccount(m_current.BankNum);
 }
 
 void MainForm::switchDataSet()
@@ -234,26 +270,13 @@ void MainForm::setCurrentAccount(int bankNum)
         return;
     m_current = r;
     m_accounts->setCurrentAccount(bankNum);
-    refreshCurrentAccount();
+    m_editor->setCurrentAccount(bankNum);
+    m_register->setAccount(m_current);
 }
 
 QString MainForm::currentRegisterFile() const
 {
     return m_current.BankNum == 0 ? QString() : m_files.registerFile(m_current.BankName.text());
-}
-
-void MainForm::refreshCurrentAccount()
-{
-    if (m_current.BankNum == 0) {
-        m_currentName->setText(tr("No account yet"));
-        m_currentKind->setText(tr("Add an account with the form on the left."));
-        m_currentBalance->clear();
-        return;
-    }
-    const int kind = AccountKinds::indexOf(m_current.Type.text());
-    m_currentName->setText(m_current.BankName.text());
-    m_currentKind->setText(kind >= 0 ? AccountKinds::TypeNames[kind] : QString());
-    m_currentBalance->setText(m_current.Balance.toCurrencyText());
 }
 
 void MainForm::setHelpShown(bool shown)
@@ -269,12 +292,26 @@ void MainForm::setHelpShown(bool shown)
 
 bool MainForm::showPanel(const QString &name)
 {
-    if (name == QStringLiteral("accounts") || name == QStringLiteral("register")) {
-        m_work->setCurrentIndex(0);
-        m_accounts->grid()->setFocus();
-        return true;
+    if (name == QStringLiteral("register"))
+        showWorkPage(0);
+    else if (name == QStringLiteral("accounts"))
+        showWorkPage(1);
+    else
+        return false;
+    return true;
+}
+
+void MainForm::showWorkPage(int page)
+{
+    m_work->setCurrentIndex(page);
+    m_registerButton->setChecked(page == 0);
+    m_accountsButton->setChecked(page == 1);
+    // The open panel is remembered in the first panel state.
+    const auto state = static_cast<std::int16_t>(page);
+    if (m_settings.PanelState[0] != state) {
+        m_settings.PanelState[0] = state;
+        saveSettings();
     }
-    return false;
 }
 
 void MainForm::saveSettings()

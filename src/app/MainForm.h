@@ -8,7 +8,9 @@
 
 #include <array>
 
+class AccountEditor;
 class AccountsPanel;
+class RegisterPanel;
 class Interaction;
 class QComboBox;
 class QLabel;
@@ -44,10 +46,10 @@ protected:
 private:
     QWidget *buildTitleBar();
     QWidget *buildHelpPanel();
-    QWidget *buildCurrentAccountPanel();
+    QWidget *buildWorkArea();
+    void showWorkPage(int page);
     void saveSettings();
     void openDataSet();
-    void refreshCurrentAccount();
     void setHelpShown(bool shown);
 
     Interaction &m_interaction;
@@ -58,13 +60,14 @@ private:
     BankAcctRecord m_current;
 
     AccountsPanel *m_accounts = nullptr;
+    AccountEditor *m_editor = nullptr;
+    RegisterPanel *m_register = nullptr;
+    QPushButton *m_registerButton = nullptr;
+    QPushButton *m_accountsButton = nullptr;
     QStackedWidget *m_work = nullptr;
     QPushButton *m_sampleButton = nullptr;
     QPushButton *m_helpButton = nullptr;
     QComboBox *m_period = nullptr;
     QWidget *m_help = nullptr;
     QLabel *m_title = nullptr;
-    QLabel *m_currentName = nullptr;
-    QLabel *m_currentKind = nullptr;
-    QLabel *m_currentBalance = nullptr;
 };

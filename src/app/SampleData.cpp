@@ -5,7 +5,7 @@
 #include "BudgetRecord.h"
 #include "RecordFile.h"
 #include "EntryChecks.h"
-#include "RegisterPosting.h"
+#include "RegisterService.h"
 #include "TransactionTemplate.h"
 #include "TransactionTypes.h"
 
@@ -68,7 +68,7 @@ public:
                     t.CCBudNum = c.BudNum;
         }
         t.Amount = TransactionTypes::signedAmount(t.TypeNum, Currency::fromCents(e.cents));
-        const auto r = RegisterPosting::append(m_files, bankNum, t);
+        const auto r = RegisterService(m_files).add(bankNum, t);
         if (!r.ok && m_error.isEmpty())
             m_error = r.error;
     }

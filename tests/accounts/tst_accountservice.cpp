@@ -5,7 +5,7 @@
 #include "FolderSnapshot.h"
 #include "PayeeRecord.h"
 #include "RecordFile.h"
-#include "RegisterPosting.h"
+#include "RegisterService.h"
 #include "TransRecord.h"
 #include "UnitOfWork.h"
 
@@ -72,10 +72,10 @@ void setUpForRename(const QString &dir)
     QVERIFY(add(f, 0, QStringLiteral("Everyday")).ok);
     QVERIFY(add(f, 3, QStringLiteral("Visa"), QStringLiteral("300"), true).ok);
     QVERIFY(add(f, 1, QStringLiteral("Rainy Day")).ok);
-    QVERIFY(RegisterPosting::append(f, 1, payment("PayCC BankLedger", 2, -50'00)).ok);
+    QVERIFY(RegisterService(f).add(1, payment("PayCC BankLedger", 2, -50'00)).ok);
     // The same name with another account's number does not point at this card.
-    QVERIFY(RegisterPosting::append(f, 1, payment("Norm Trans", 3, -1'00)).ok);
-    QVERIFY(RegisterPosting::append(f, 2, payment("PayCC CCLedger", 2, 50'00)).ok);
+    QVERIFY(RegisterService(f).add(1, payment("Norm Trans", 3, -1'00)).ok);
+    QVERIFY(RegisterService(f).add(2, payment("PayCC CCLedger", 2, 50'00)).ok);
     put(f.payees(), 1, PayeeRecord{1, 2, QStringLiteral("Visa"), QStringLiteral("Skyway Airlines")});
     put(f.payees(), 2, PayeeRecord{2, 1, QStringLiteral("Everyday"), QStringLiteral("Green Basket")});
 }

@@ -78,19 +78,20 @@ void TestRuns::interruptedAddComesBackComplete()
     QuillmereRun::Options options;
     options.configDir = config.path();
 
-    // A first run sets the home folder up, so that adding the card is the
-    // first thing written in the next one.
-    QCOMPARE(QuillmereRun::run(home.path(), QString(), options).exitCode, 0);
+    // A first run sets the home folder up and opens the Accounts panel (which
+    // is remembered), so that adding the card is the first thing written in the next one.
+    QCOMPARE(QuillmereRun::run(home.path(), QStringLiteral("panel accounts\n"), options).exitCode, 0);
 
     QuillmereRun::Options stopping = options;
     if (stopAfter >= 0)
         stopping.extraEnv.insert(QStringLiteral("QUILLMERE_STOP_AFTER_STEP"), QString::number(stopAfter));
     const QuillmereRun add = QuillmereRun::run(home.path(),
-                                               QStringLiteral("choose cmbAcctType Credit Card\n"
+                                               QStringLiteral("panel accounts\n"
+                                                              "choose cmbAcctType Credit Card\n"
                                                               "set txtBankName Visa Card\n"
                                                               "set txtStartBal 300.25\n"
                                                               "click cmdAcctEnter\n"
-                                                              "show lblCurAcctName\n"),
+                                                              "show lblRegisterTitle\n"),
                                                stopping);
     QVERIFY(add.finished);
     const QString data = home.filePath(QStringLiteral("Data"));
@@ -100,16 +101,16 @@ void TestRuns::interruptedAddComesBackComplete()
         QVERIFY(QFile::exists(UnitOfWork::journalPath(data)));
     } else {
         QCOMPARE(add.exitCode, 0);
-        QCOMPARE(add.out, QStringLiteral("show lblCurAcctName text=\"Visa Card\" visible=1 enabled=1\n"));
+        QCOMPARE(add.out, QStringLiteral("show lblRegisterTitle text=\"Visa Card\" visible=0 enabled=1\n"));
     }
 
     // The next start finishes the operation: the card is there with its
     // balance, and the stopped run's lock is no obstacle.
     const QuillmereRun after =
-        QuillmereRun::run(home.path(), QStringLiteral("show lbltotbalamt\nshow lblCurAcctName\n"), options);
+        QuillmereRun::run(home.path(), QStringLiteral("show lbltotbalamt\nshow lblRegisterTitle\n"), options);
     QCOMPARE(after.exitCode, 0);
     QCOMPARE(after.out, QStringLiteral("show lbltotbalamt text=\"($300.25)\" visible=1 enabled=1\n"
-                                       "show lblCurAcctName text=\"Visa Card\" visible=1 enabled=1\n"));
+                                       "show lblRegisterTitle text=\"Visa Card\" visible=0 enabled=1\n"));
     QVERIFY(!QFile::exists(UnitOfWork::journalPath(data)));
 
     // Written once each, however often the operation was finished.

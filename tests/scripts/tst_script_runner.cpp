@@ -171,9 +171,9 @@ void TestScriptRunner::scriptErrorsNameTheLine_data()
     };
     // CR LF line ends, comments, blank lines, quoted and trailing blanks are read as meant.
     row("unknown command",
-        "  # note\r\n\r\nset txtBankName \"Rainy \\\"Day\\\"\"\r\nshow txtBankName\r\n"
+        "  # note\r\n\r\npanel accounts\r\nset txtBankName \"Rainy \\\"Day\\\"\"\r\nshow txtBankName\r\n"
         "set txtBankName Rainy Day   \r\nshow txtBankName\r\nfrobnicate x\r\nshow lblTitle\r\n",
-        "7: unknown command frobnicate",
+        "8: unknown command frobnicate",
         Manifest + Tip + "show txtBankName text=\"Rainy \\\"Day\\\"\" visible=1 enabled=1\n"
                          "show txtBankName text=\"Rainy Day\" visible=1 enabled=1\n");
     row("unknown control", "click cmdFoo\n", "1: no control named cmdFoo", Manifest + Tip);

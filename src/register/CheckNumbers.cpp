@@ -1,0 +1,69 @@
+#include "CheckNumbers.h"
+
+#include <limits>
+
+namespace CheckNumbers {
+
+std::optional<std::int64_t> numericValue(const QString &text)
+{
+    qsizetype i = 0;
+    while (i < text.size() && text[i] == QLatin1Char(' '))
+        ++i;
+    if (i == text.size() || !text[i].isDigit() || text[i].unicode() > '9')
+        return std::nullopt;
+    std::int64_t v = 0;
+    for (; i < text.size() && text[i] >= QLatin1Char('0') && text[i] <= QLatin1Char('9'); ++i) {
+        if (v > (std::numeric_limits<std::int64_t>::max() - 9) / 10)
+            return std::numeric_limits<std::int64_t>::max();
+        v = v * 10 + (text[i].unicode() - '0');
+    }
+    return v;
+}
+
+bool isDuplicate(const std::vector<TransRecord> &records, std::int64_t number)
+{
+    for (const TransRecord &r : records) {
+        // The first digit of a numeric Type is at most one blank in.
+        const char *b = r.Type.bytes();
+        const char first = b[0] == ' ' ? b[1] : b[0];
+        if (first < '0' || first > '9')
+            continue;
+        if (numericValue(r.Type.text()) == number)
+            return true;
+    }
+    return false;
+}
+
+std::optional<std::int32_t> nextAfter(std::int32_t last)
+{
+    if (last == std::numeric_limits<std::int32_t>::max())
+        return std::nullopt;
+    return last + 1;
+}
+
+QString offeredText(std::int32_t number)
+{
+    return CheckPrefix + QLatin1Char(' ') + QString::number(number);
+}
+
+QString typedText(const QString &digits)
+{
+    return CheckPrefix + digits;
+}
+
+std::optional<std::int64_t> numberOfTypeText(const QString &typeText)
+{
+    const QString t = typeText.trimmed();
+    if (!t.startsWith(CheckPrefix))
+        return std::nullopt;
+    return numericValue(t.mid(CheckPrefix.size()));
+}
+
+bool acceptsKey(int key, const QString &text)
+{
+    if (key == Qt::Key_Backspace)
+        return true;
+    return text.size() == 1 && text[0] >= QLatin1Char('0') && text[0] <= QLatin1Char('9');
+}
+
+} // namespace CheckNumbers

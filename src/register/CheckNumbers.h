@@ -1,0 +1,47 @@
+#pragma once
+
+#include "TransRecord.h"
+
+#include <QString>
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+// Check numbers of checking and money-market accounts. A check keeps its
+// number as text in the record's Type field; a record is a check exactly when
+// that text is a number.
+namespace CheckNumbers {
+
+inline const QString NextCheck = QStringLiteral("Next Check #");
+inline const QString EnterCheck = QStringLiteral("Enter Check #");
+inline const QString CheckPrefix = QStringLiteral("Check #");
+inline const QString StartingPrompt = QStringLiteral("Enter Starting Check #");
+inline const QString EnterPrompt = QStringLiteral("Enter Check #");
+inline const QString Duplicate = QStringLiteral("Duplicate Number");
+inline const QString TooLargeTitle = QStringLiteral("Check Number Too Large");
+inline const QString TooLargeText = QStringLiteral(
+    "Check numbers go up to 2,147,483,647.\n\nUse \"Enter Check #\" and type a smaller number.");
+
+// The value of the leading number of a text (blanks before it are skipped,
+// anything after its digits is ignored): " 1001" and "00123x" give 1001 and 123.
+// Nothing when the text does not start with a digit.
+std::optional<std::int64_t> numericValue(const QString &text);
+
+// Whether any record of the register holds this check number.
+bool isDuplicate(const std::vector<TransRecord> &records, std::int64_t number);
+
+// The number after the last one used; nothing when it would not fit in 32 bits.
+std::optional<std::int32_t> nextAfter(std::int32_t last);
+
+// "Check # 1001" (offered by "Next Check #") and "Check #1001" (typed).
+QString offeredText(std::int32_t number);
+QString typedText(const QString &digits);
+
+// The number a type text "Check #..." carries, when it carries one.
+std::optional<std::int64_t> numberOfTypeText(const QString &typeText);
+
+// Only digits and Backspace may be typed into the check-number box.
+bool acceptsKey(int key, const QString &text);
+
+} // namespace CheckNumbers

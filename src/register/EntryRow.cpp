@@ -1,0 +1,164 @@
+#include "EntryRow.h"
+
+#include "CheckNumbers.h"
+#include "DateBox.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace {
+
+template<typename W>
+W *named(W *w, const char *name)
+{
+    w->setObjectName(QString::fromLatin1(name));
+    return w;
+}
+
+QLabel *caption(const QString &text, QWidget *parent)
+{
+    auto *l = new QLabel(text, parent);
+    l->setStyleSheet(QStringLiteral("color: #44546a; font-size: 11px;"));
+    return l;
+}
+
+} // namespace
+
+EntryRow::EntryRow(QWidget *parent)
+    : QWidget(parent), title(named(new QLabel(this), "lblEntryTitle")),
+      type(named(new QComboBox(this), "cmbType")), date(named(new DateBox(this), "cmbDate")),
+      payee(named(new QComboBox(this), "cmbDesc")), addPayee(named(new QPushButton(tr("+"), this), "cmdAddDesc")),
+      deletePayee(named(new QPushButton(tr("\u2212"), this), "cmdDelDesc")),
+      amount(named(new QLineEdit(this), "cmbamt")), debit(named(new QRadioButton(tr("Debit"), this), "optdebitchng")),
+      credit(named(new QRadioButton(tr("Credit"), this), "optcreditchng")),
+      category(named(new QComboBox(this), "cmbBudItems")), card(named(new QComboBox(this), "cmbCreditCards")),
+      memo(named(new QLineEdit(this), "txtBoxMemo")), cleared(named(new QLabel(this), "lblCheck")),
+      checkPrompt(named(new QLabel(this), "Label(2)")), checkNumber(named(new QLineEdit(this), "txtchkno")),
+      checkOk(named(new QPushButton(tr("OK"), this), "cmdchkno")), error(named(new QLabel(this), "lblTranserror")),
+      notice(named(new QLabel(this), "lblNotice")), enter(named(new QPushButton(tr("Enter"), this), "cmdEnterTrans")),
+      quick(named(new QPushButton(tr("Quick Entry"), this), "cmdNew")),
+      clear(named(new QPushButton(tr("Clear"), this), "cmdClear")),
+      voidButton(named(new QPushButton(tr("Void"), this), "cmdVoid"))
+{
+    setObjectName(QStringLiteral("picEntry"));
+    QFont bold = title->font();
+    bold.setBold(true);
+    title->setFont(bold);
+    type->setEditable(true);
+    type->setInsertPolicy(QComboBox::NoInsert);
+    type->setMinimumWidth(130);
+    payee->setEditable(true);
+    payee->setInsertPolicy(QComboBox::NoInsert);
+    payee->setMinimumWidth(180);
+    addPayee->setToolTip(tr("Save the payee in the list"));
+    deletePayee->setToolTip(tr("Remove the selected payee from the list"));
+    for (QPushButton *b : {addPayee, deletePayee})
+        b->setFixedWidth(26);
+    amount->setMaximumWidth(120);
+    amount->setAlignment(Qt::AlignRight);
+    date->setMinimumWidth(110);
+    cleared->setFixedWidth(18);
+    cleared->setToolTip(tr("Cleared by a bank statement"));
+    cleared->setStyleSheet(QStringLiteral("color: #1e7b34; font-weight: bold;"));
+    checkNumber->setMaximumWidth(100);
+    checkNumber->installEventFilter(this);
+    quick->setToolTip(tr("Enter the row as a new transaction; the one it came from stays as it is"));
+    voidButton->setToolTip(tr("Void the transaction picked in the register"));
+    error->setStyleSheet(QStringLiteral("color: #c0392b;"));
+    notice->setStyleSheet(QStringLiteral("color: #8a5a00;"));
+    enter->setDefault(true);
+
+    auto *grid = new QGridLayout;
+    grid->setHorizontalSpacing(6);
+    grid->setVerticalSpacing(2);
+    grid->addWidget(caption(tr("Type"), this), 0, 0);
+    grid->addWidget(caption(tr("Date"), this), 0, 1);
+    grid->addWidget(caption(tr("Payee"), this), 0, 2);
+    grid->addWidget(caption(tr("Amount"), this), 0, 3);
+    grid->addWidget(type, 1, 0);
+    grid->addWidget(date, 1, 1);
+    auto *payeeBox = new QHBoxLayout;
+    payeeBox->setSpacing(2);
+    payeeBox->addWidget(payee, 1);
+    payeeBox->addWidget(addPayee);
+    payeeBox->addWidget(deletePayee);
+    grid->addLayout(payeeBox, 1, 2);
+    auto *amountBox = new QHBoxLayout;
+    amountBox->addWidget(amount);
+    amountBox->addWidget(credit);
+    amountBox->addWidget(debit);
+    amountBox->addWidget(cleared);
+    grid->addLayout(amountBox, 1, 3);
+    grid->addWidget(caption(tr("Category"), this), 2, 0);
+    grid->addWidget(caption(tr("Credit Card"), this), 2, 1);
+    grid->addWidget(caption(tr("Memo"), this), 2, 2);
+    grid->addWidget(category, 3, 0);
+    grid->addWidget(card, 3, 1);
+    grid->addWidget(memo, 3, 2, 1, 2);
+    grid->setColumnStretch(2, 1);
+
+    auto *prompt = new QHBoxLayout;
+    prompt->addWidget(checkPrompt);
+    prompt->addWidget(checkNumber);
+    prompt->addWidget(checkOk);
+    prompt->addStretch();
+    auto *buttons = new QHBoxLayout;
+    buttons->addWidget(error, 1);
+    buttons->addWidget(notice, 1);
+    buttons->addWidget(voidButton);
+    buttons->addWidget(clear);
+    buttons->addWidget(quick);
+    buttons->addWidget(enter);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(6, 4, 6, 4);
+    layout->setSpacing(3);
+    layout->addWidget(title);
+    layout->addLayout(grid);
+    layout->addLayout(prompt);
+    layout->addLayout(buttons);
+    hideCheckPrompt();
+    showSignOptions(false);
+}
+
+void EntryRow::showCheckPrompt(const QString &text)
+{
+    checkPrompt->setText(text);
+    checkPrompt->show();
+    checkNumber->show();
+    checkOk->show();
+}
+
+void EntryRow::hideCheckPrompt()
+{
+    checkPrompt->hide();
+    checkNumber->hide();
+    checkOk->hide();
+}
+
+void EntryRow::showSignOptions(bool shown)
+{
+    debit->setVisible(shown);
+    credit->setVisible(shown);
+}
+
+bool EntryRow::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == checkNumber && event->type() == QEvent::KeyPress) {
+        auto *key = static_cast<QKeyEvent *>(event);
+        if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
+            checkOk->click();
+            return true;
+        }
+        const bool editing = key->key() == Qt::Key_Left || key->key() == Qt::Key_Right
+                             || key->key() == Qt::Key_Delete || key->key() == Qt::Key_Tab;
+        return !editing && !CheckNumbers::acceptsKey(key->key(), key->text());
+    }
+    return QWidget::eventFilter(watched, event);
+}

@@ -1,0 +1,646 @@
+#include "RegisterPanel.h"
+
+#include "AccountBook.h"
+#include "BudgetPosting.h"
+#include "BudgetRecord.h"
+#include "CheckNumbers.h"
+#include "Clock.h"
+#include "DateBox.h"
+#include "EntryChecks.h"
+#include "EntryRow.h"
+#include "ErrorLabel.h"
+#include "Interaction.h"
+#include "PayeeBook.h"
+#include "RecordFile.h"
+#include "RegisterModel.h"
+#include "RegisterService.h"
+#include "TransactionTemplate.h"
+#include "ViewRange.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTableView>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace {
+
+const QString Check = QStringLiteral("\u2714");
+
+// An amount as the entry row shows it: cents, or all four decimals when it has them.
+QString amountText(Currency c)
+{
+    const Currency size = c.abs();
+    return size.raw() % 100 == 0 ? size.toFixedText() : size.toPlainText();
+}
+
+bool isCard(const BankAcctRecord &account)
+{
+    return account.Type.is(QStringLiteral("CC"));
+}
+
+} // namespace
+
+RegisterPanel::RegisterPanel(Interaction &interaction, QWidget *parent)
+    : QWidget(parent), m_interaction(interaction), m_files(QString(), false),
+      m_model(new RegisterModel(this)), m_grid(new QTableView(this)), m_entry(new EntryRow(this)),
+      m_noticeTimer(new QTimer(this))
+{
+    setObjectName(QStringLiteral("picRegister"));
+    m_noticeTimer->setObjectName(QStringLiteral("Timer1"));
+    m_noticeTimer->setSingleShot(true);
+    m_noticeTimer->setInterval(4000);
+    connect(m_noticeTimer, &QTimer::timeout, m_entry->notice, &QLabel::clear);
+
+    m_grid->setObjectName(QStringLiteral("flxgdtrans"));
+    m_grid->setModel(m_model);
+    m_grid->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_grid->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_grid->verticalHeader()->hide();
+    m_grid->verticalHeader()->setDefaultSectionSize(21);
+    m_grid->setWordWrap(false);
+    QHeaderView *header = m_grid->horizontalHeader();
+    header->setMinimumSectionSize(18);
+    const int widths[] = {18, 80, 60, 140, 72, 70, 72, 76, 82, 76};
+    for (int c = 0; c < RegisterModel::ColumnCount; ++c)
+        header->resizeSection(c, widths[c]);
+    header->setSectionResizeMode(RegisterModel::Payee, QHeaderView::Stretch);
+    connect(header, &QHeaderView::sectionClicked, this, [this] {
+        if (m_checkPending)
+            m_interaction.beep();
+        else
+            onClear();
+    });
+    connect(m_grid, &QTableView::clicked, this, &RegisterPanel::onRowClicked);
+
+    auto *copy = new QAction(tr("Copy Selected Transactions to Clipboard"), m_grid);
+    copy->setObjectName(QStringLiteral("mnuCopyTrans"));
+    copy->setShortcut(QKeySequence::Copy);
+    copy->setShortcutContext(Qt::WidgetShortcut);
+    connect(copy, &QAction::triggered, this, &RegisterPanel::onCopy);
+    m_grid->addAction(copy);
+    m_grid->setContextMenuPolicy(Qt::ActionsContextMenu);
+
+    EntryRow *e = m_entry;
+    connect(e->type, &QComboBox::activated, this, &RegisterPanel::onTypeChosen);
+    connect(e->checkOk, &QPushButton::clicked, this, &RegisterPanel::onCheckNumberEntered);
+    connect(e->enter, &QPushButton::clicked, this, &RegisterPanel::onEnter);
+    connect(e->quick, &QPushButton::clicked, this, &RegisterPanel::onQuickEntry);
+    connect(e->clear, &QPushButton::clicked, this, &RegisterPanel::onClear);
+    connect(e->voidButton, &QPushButton::clicked, this, &RegisterPanel::onVoid);
+    connect(e->addPayee, &QPushButton::clicked, this, &RegisterPanel::onAddPayee);
+    connect(e->deletePayee, &QPushButton::clicked, this, &RegisterPanel::onDeletePayee);
+    connect(e->amount, &QLineEdit::returnPressed, this, &RegisterPanel::onEnter);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(4);
+    layout->addWidget(buildViewRow());
+    layout->addWidget(m_grid, 1);
+    layout->addWidget(m_entry);
+}
+
+QWidget *RegisterPanel::buildViewRow()
+{
+    auto *row = new QWidget(this);
+    m_view = new QPushButton(tr("View From\u2026"), row);
+    m_view->setObjectName(QStringLiteral("cmdView"));
+    m_viewLabel = new QLabel(row);
+    m_viewLabel->setObjectName(QStringLiteral("Label(86)"));
+    m_viewDate = new DateBox(row);
+    m_viewDate->setObjectName(QStringLiteral("cmbDate(9)"));
+    m_viewOk = new QPushButton(tr("OK"), row);
+    m_viewOk->setObjectName(QStringLiteral("cmdviewdate"));
+    connect(m_view, &QPushButton::clicked, this, &RegisterPanel::onView);
+    connect(m_viewOk, &QPushButton::clicked, this, &RegisterPanel::onViewDate);
+    connect(m_viewDate->lineEdit(), &QLineEdit::returnPressed, this, &RegisterPanel::onViewDate);
+    m_registerTitle = new QLabel(row);
+    m_registerTitle->setObjectName(QStringLiteral("lblRegisterTitle"));
+    QFont bold = m_registerTitle->font();
+    bold.setBold(true);
+    bold.setPointSize(bold.pointSize() + 2);
+    m_registerTitle->setFont(bold);
+    auto *layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_registerTitle);
+    layout->addStretch();
+    layout->addWidget(m_viewLabel);
+    layout->addWidget(m_viewDate);
+    layout->addWidget(m_viewOk);
+    layout->addWidget(m_view);
+    for (QWidget *w : {static_cast<QWidget *>(m_viewLabel), static_cast<QWidget *>(m_viewDate),
+                       static_cast<QWidget *>(m_viewOk)})
+        w->hide();
+    return row;
+}
+
+void RegisterPanel::setDataFiles(const DataFiles &files)
+{
+    m_files = files;
+}
+
+void RegisterPanel::setAccount(const BankAcctRecord &account)
+{
+    m_account = account;
+    m_registerTitle->setText(account.BankNum == 0 ? tr("No account yet: add one on the Accounts panel")
+                                                  : account.BankName.text());
+    m_viewLabel->hide();
+    m_viewDate->hide();
+    m_viewOk->hide();
+    reloadLists();
+    FillRegisterGrid();
+    onClear();
+}
+
+void RegisterPanel::reloadLists()
+{
+    EntryRow *e = m_entry;
+    e->type->clear();
+    e->type->addItems(EntryRules::typesFor(m_account.Type.text()));
+
+    e->category->clear();
+    e->category->addItem(EntryRules::NoneEntry, 0);
+    for (const BudgetRecord &c : RecordFile<BudgetRecord>(m_files.budget()).readAll())
+        if (!c.isDeleted() && !c.BudName.isBlank())
+            e->category->addItem(c.BudName.text().trimmed(), int(c.BudNum));
+
+    e->card->clear();
+    e->card->addItem(EntryRules::NoneEntry, 0);
+    for (const BankAcctRecord &a : AccountBook(m_files).readAll().value_or(std::vector<BankAcctRecord>{}))
+        if (!a.isDeleted() && a.Type.is(QStringLiteral("CC")))
+            e->card->addItem(a.BankName.text(), int(a.BankNum));
+    // A card's own register records its charges and credits; paying a card is
+    // done from a bank account.
+    e->card->setEnabled(!isCard(m_account));
+    reloadPayees();
+}
+
+void RegisterPanel::reloadPayees()
+{
+    QComboBox *payee = m_entry->payee;
+    const QString typed = payee->currentText();
+    payee->clear();
+    for (const PayeeBook::Entry &p : PayeeBook(m_files).listFor(m_account.BankNum))
+        payee->addItem(p.payee, p.recordNumber);
+    payee->setCurrentIndex(-1);
+    payee->setEditText(typed);
+}
+
+void RegisterPanel::FillRegisterGrid()
+{
+    const RegisterService::Loaded loaded = RegisterService(m_files).load(m_account);
+    if (!loaded.error.isEmpty())
+        m_interaction.message(loaded.error, RegisterService::MissingTitle, Interaction::Icon::Critical);
+    else if (loaded.recreated)
+        m_interaction.message(RegisterService::missingText(m_account.BankName.text()),
+                              RegisterService::MissingTitle, Interaction::Icon::Exclamation);
+    const int first = ViewRange::firstShown(loaded.records, m_account.ViewFromDate.text());
+    m_model->setRegister(loaded.records, first, isCard(m_account));
+    const int last = m_model->lastRow();
+    if (last >= 0) {
+        const QModelIndex index = m_model->index(last, RegisterModel::Type);
+        m_grid->selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+        m_grid->scrollTo(index, QAbstractItemView::PositionAtTop);
+    }
+}
+
+EntryRules::Input RegisterPanel::input() const
+{
+    const EntryRow *e = m_entry;
+    EntryRules::Input in;
+    in.typeText = e->type->currentText();
+    in.payee = e->payee->currentText();
+    in.amountText = e->amount->text();
+    in.dateText = e->date->currentText();
+    in.memo = e->memo->text();
+    in.budgetIndex = e->category->currentIndex();
+    if (in.budgetIndex > 0) {
+        in.budNum = e->category->currentData().toInt();
+        in.budName = e->category->currentText();
+    }
+    in.cardIndex = e->card->currentIndex();
+    in.debit = e->debit->isChecked();
+    return in;
+}
+
+int RegisterPanel::cardBudNum() const
+{
+    if (!isCard(m_account))
+        return 0;
+    for (const BudgetRecord &c : RecordFile<BudgetRecord>(m_files.budget()).readAll())
+        if (!c.isDeleted() && c.CCBankRecnum == m_account.BankNum)
+            return c.BudNum;
+    return 0;
+}
+
+void RegisterPanel::showError(const QString &text)
+{
+    ShowEntryError(m_entry->error, text, m_interaction);
+}
+
+void RegisterPanel::showNotice(const QString &text)
+{
+    m_entry->notice->setText(text);
+    m_noticeTimer->start();
+}
+
+void RegisterPanel::setCheckPending(bool pending)
+{
+    m_checkPending = pending;
+}
+
+void RegisterPanel::suggestMemo()
+{
+    const EntryRow *e = m_entry;
+    if (e->card->currentIndex() > 0)
+        e->memo->setText(e->type->currentText().trimmed() + QStringLiteral(" payment from ")
+                         + m_account.BankName.text() + QStringLiteral(" to ") + e->card->currentText().trimmed());
+    else
+        e->memo->clear();
+}
+
+void RegisterPanel::onTypeChosen(int index)
+{
+    EntryRow *e = m_entry;
+    if (m_mode == 1 && m_loaded.TypeNum == TransactionTemplate::StartingBalanceTypeNum) {
+        // The opening entry keeps its type.
+        m_interaction.beep();
+        e->type->setCurrentIndex(-1);
+        e->type->setEditText(TransactionTemplate::StartingBalance);
+        return;
+    }
+    const QString text = e->type->itemText(index);
+    setCheckPending(false);
+    if (text == CheckNumbers::NextCheck && m_account.NextCheckNum == -1) {
+        e->checkNumber->clear();
+        e->showCheckPrompt(CheckNumbers::StartingPrompt);
+        setCheckPending(true);
+    } else if (text == CheckNumbers::EnterCheck) {
+        e->checkNumber->clear();
+        e->showCheckPrompt(CheckNumbers::EnterPrompt);
+        setCheckPending(true);
+    } else if (text == CheckNumbers::NextCheck) {
+        const auto candidate = CheckNumbers::nextAfter(m_account.NextCheckNum);
+        if (!candidate) {
+            m_interaction.message(CheckNumbers::TooLargeText, CheckNumbers::TooLargeTitle,
+                                  Interaction::Icon::Exclamation);
+            e->type->setCurrentIndex(-1);
+            e->hideCheckPrompt();
+            return;
+        }
+        e->type->setEditText(CheckNumbers::offeredText(*candidate));
+        e->hideCheckPrompt();
+        if (CheckNumbers::isDuplicate(m_model->records(), *candidate)) {
+            m_interaction.beep();
+            e->checkPrompt->setText(CheckNumbers::Duplicate);
+            e->checkPrompt->show();
+            // The number is taken: Enter waits until another type is chosen.
+            setCheckPending(true);
+            return;
+        }
+    } else {
+        e->hideCheckPrompt();
+    }
+    e->showSignOptions(m_mode == 1 && text == TransactionTemplate::StartingBalance);
+    suggestMemo();
+}
+
+void RegisterPanel::onCheckNumberEntered()
+{
+    EntryRow *e = m_entry;
+    const QString typed = e->checkNumber->text().trimmed();
+    if (typed.isEmpty()) {
+        e->type->setCurrentIndex(-1);
+        e->type->setEditText(QString());
+        e->hideCheckPrompt();
+        setCheckPending(false);
+        return;
+    }
+    const auto number = CheckNumbers::numericValue(typed);
+    if (!number) {
+        m_interaction.beep();
+        return;
+    }
+    if (*number > std::numeric_limits<std::int32_t>::max()) {
+        m_interaction.message(CheckNumbers::TooLargeText, CheckNumbers::TooLargeTitle,
+                              Interaction::Icon::Exclamation);
+        return;
+    }
+    if (CheckNumbers::isDuplicate(m_model->records(), *number)) {
+        m_interaction.beep();
+        e->checkPrompt->setText(CheckNumbers::Duplicate);
+        return;
+    }
+    e->hideCheckPrompt();
+    QString digits;
+    for (QChar c : typed)
+        if (c >= QLatin1Char('0') && c <= QLatin1Char('9'))
+            digits += c;
+    e->type->setEditText(CheckNumbers::typedText(digits));
+    setCheckPending(false);
+}
+
+void RegisterPanel::onEnter()
+{
+    if (m_checkPending) {
+        m_interaction.beep();
+        return;
+    }
+    if (m_account.BankNum == 0) {
+        m_interaction.message(EntryRules::NoAccountsText, EntryRules::NoAccountsTitle,
+                              Interaction::Icon::Information);
+        return;
+    }
+    enterTransaction();
+}
+
+void RegisterPanel::enterTransaction()
+{
+    const EntryRules::Input in = input();
+    const QString kind = m_account.Type.text().trimmed();
+    if (const auto refusal = EntryRules::validate(kind, in)) {
+        if (refusal->where == EntryRules::Refusal::Where::Label)
+            showError(refusal->text);
+        else
+            m_interaction.message(refusal->text, refusal->title);
+        return;
+    }
+    const bool change = m_mode == 1;
+    const TransRecord record = EntryRules::fillRecord(change ? m_loaded : TransactionTemplate::blank(), in,
+                                                      m_account, cardBudNum());
+
+    // The budget's warning comes first, then the account's.
+    if (const auto budget = BudgetPosting::warning(m_files, change ? &m_loaded : nullptr, record)) {
+        if (m_interaction.fund(QStringLiteral("Budget Balance Exceeded"), *budget) == 1)
+            return;
+    }
+    if (kind != QStringLiteral("CC")) {
+        const auto check = EntryRules::checkAccountBalance(in, m_account.BankName.text(), m_account.Balance,
+                                                           change, m_oldAmount);
+        int cancel = 0;
+        if (check.warning) {
+            m_interaction.beep();
+            cancel = m_interaction.fund(EntryRules::BalanceExceededTitle, *check.warning);
+        }
+        if (check.incorrectPaymentType) {
+            // A notice only: the entry goes ahead, even past a Cancel above.
+            showError(EntryRules::IncorrectPaymentType);
+            cancel = 0;
+        }
+        if (cancel == 1)
+            return;
+    }
+
+    RegisterService service(m_files);
+    const RegisterService::Result result = change ? service.change(m_account.BankNum, m_recordNumber, record)
+                                                  : service.add(m_account.BankNum, record);
+    if (!result.ok) {
+        if (!result.title.isEmpty())
+            m_interaction.message(result.error, result.title, Interaction::Icon::Exclamation);
+        else
+            showError(result.error);
+        return;
+    }
+    m_account = result.account;
+    Q_EMIT balancesChanged(m_account.BankNum);
+    // When the statement-balancing panel is open, the new row joins its list here.
+    FillRegisterGrid();
+
+    // Ready for the next entry: the date stays, the rest starts afresh.
+    const QString date = m_entry->date->currentText();
+    const bool keepNotice = !m_entry->error->text().isEmpty();
+    onClear();
+    m_entry->date->setEditText(date);
+    if (keepNotice)
+        m_entry->error->setText(EntryRules::IncorrectPaymentType);
+}
+
+void RegisterPanel::onQuickEntry()
+{
+    const QString type = m_entry->type->currentText();
+    if (type.contains(CheckNumbers::CheckPrefix)) {
+        const auto number = CheckNumbers::numberOfTypeText(type);
+        if (number && CheckNumbers::isDuplicate(m_model->records(), *number)) {
+            showNotice(CheckNumbers::Duplicate);
+            m_interaction.beep();
+            return;
+        }
+    }
+    m_mode = 0;
+    m_recordNumber = 0;
+    m_entry->enter->setText(tr("Enter"));
+    onEnter();
+}
+
+void RegisterPanel::onClear()
+{
+    EntryRow *e = m_entry;
+    endChangeMode();
+    setCheckPending(false);
+    e->hideCheckPrompt();
+    const QString def = EntryRules::defaultType(m_account.Type.text());
+    e->type->setCurrentIndex(e->type->findText(def));
+    e->date->setEditText(EntryChecks::formatLongDate(Clock::today()));
+    e->payee->setCurrentIndex(-1);
+    e->payee->setEditText(QString());
+    e->amount->clear();
+    e->memo->clear();
+    e->category->setCurrentIndex(0);
+    e->card->setCurrentIndex(0);
+    e->cleared->clear();
+    e->error->clear();
+    e->error->setStyleSheet(QStringLiteral("color: #c0392b;"));
+    e->showSignOptions(false);
+}
+
+void RegisterPanel::endChangeMode()
+{
+    m_mode = 0;
+    m_recordNumber = 0;
+    m_loaded = TransRecord();
+    m_oldAmount = Currency();
+    m_oldBudNum = 0;
+    m_entry->enter->setText(tr("Enter"));
+    m_entry->voidButton->setEnabled(false);
+    m_entry->title->setText(m_account.BankNum == 0 ? tr("No account yet")
+                                                   : tr("New Transaction in %1").arg(m_account.BankName.text()));
+}
+
+void RegisterPanel::onRowClicked(const QModelIndex &index)
+{
+    if (m_checkPending) {
+        m_interaction.beep();
+        return;
+    }
+    const int n = m_model->recordNumberAt(index.row());
+    if (n == 0) {
+        onClear();
+        return;
+    }
+    // A click that is part of a selection of several rows loads nothing.
+    if (m_grid->selectionModel()->selectedRows().size() > 1)
+        return;
+    loadForChange(n);
+}
+
+void RegisterPanel::loadForChange(int n)
+{
+    const TransRecord &r = m_model->records()[n - 1];
+    const QString cls = r.TransClass.text().trimmed();
+    if (cls != TransactionTemplate::NormTrans && cls != TransactionTemplate::CCTrans) {
+        showNotice(tr("A transfer or card payment is changed together with its other side."));
+        return;
+    }
+    onClear();
+    EntryRow *e = m_entry;
+    m_loaded = r;
+    m_recordNumber = n;
+    m_oldAmount = r.Amount;
+    m_oldBudNum = r.BudNum;
+    m_mode = 1;
+
+    const bool check = r.TypeNum == 6 && CheckNumbers::numericValue(r.Type.text()).has_value();
+    e->type->setCurrentIndex(-1);
+    e->type->setEditText(check ? CheckNumbers::CheckPrefix + r.Type.text() : r.Type.text().trimmed());
+    const auto date = EntryChecks::parseDate(r.Date.text());
+    e->date->setEditText(date ? EntryChecks::formatShortDate(*date) : r.Date.text().trimmed());
+    e->payee->setCurrentIndex(-1);
+    e->payee->setEditText(r.Description.text().trimmed());
+    e->memo->setText(r.Memo.text().trimmed());
+    e->amount->setText(amountText(r.Amount));
+    e->debit->setChecked(r.Amount.isNegative());
+    e->credit->setChecked(!r.Amount.isNegative());
+    e->showSignOptions(r.TypeNum == TransactionTemplate::StartingBalanceTypeNum);
+    e->category->setCurrentIndex(0);
+    if (r.BudNum > 0) {
+        const int at = e->category->findData(int(r.BudNum));
+        e->category->setCurrentIndex(at);
+        if (at < 0)
+            showNotice(QStringLiteral("Budget Category \"%1\" has been deleted").arg(r.BudName.text().trimmed()));
+    }
+    e->cleared->setText(r.Status.is(TransactionTemplate::Cleared) ? Check : QString());
+    e->title->setText(tr("Change Transaction in %1").arg(m_account.BankName.text()));
+    e->enter->setText(tr("Change"));
+    e->voidButton->setEnabled(true);
+}
+
+void RegisterPanel::onVoid()
+{
+    if (m_mode != 1) {
+        showError(tr("Pick the transaction to void in the register first"));
+        return;
+    }
+    const TransRecord &r = m_loaded;
+    const QString what = r.Date.text().trimmed() + QStringLiteral("  ") + r.Description.text().trimmed()
+                         + QStringLiteral("  ") + r.Amount.toCurrencyText();
+    const auto answer = m_interaction.messageBox(
+        tr("Void this transaction?\n\n%1\n\nIts amount comes off the balance and the entry stays in the "
+           "register as \"Void\".").arg(what),
+        tr("Void Transaction"), Interaction::Icon::Question, Interaction::Buttons::YesNo);
+    if (answer != Interaction::Answer::Yes)
+        return;
+    const RegisterService::Result result = RegisterService(m_files).voidRecord(m_account.BankNum, m_recordNumber);
+    if (!result.ok) {
+        showError(result.error);
+        return;
+    }
+    m_account = result.account;
+    Q_EMIT balancesChanged(m_account.BankNum);
+    FillRegisterGrid();
+    onClear();
+}
+
+void RegisterPanel::onView()
+{
+    if (m_account.BankNum == 0)
+        return;
+    m_viewLabel->setText(QStringLiteral("View transactions from date or enter All for ")
+                         + m_account.BankName.text().left(25));
+    const QString from = m_account.ViewFromDate.text().trimmed();
+    const auto date = EntryChecks::parseDate(from);
+    m_viewDate->setEditText(date ? EntryChecks::formatLongDate(*date) : ViewRange::All);
+    m_viewLabel->show();
+    m_viewDate->show();
+    m_viewOk->show();
+    m_viewDate->setFocus();
+}
+
+void RegisterPanel::onViewDate()
+{
+    const QString typed = m_viewDate->currentText();
+    if (!ViewRange::isValid(typed)) {
+        m_interaction.message(EntryChecks::BadDateText, EntryChecks::BadDateTitle);
+        return;
+    }
+    const RegisterService::Result result =
+        RegisterService(m_files).setViewFrom(m_account.BankNum, ViewRange::storedForm(typed));
+    if (!result.ok) {
+        showError(result.error);
+        return;
+    }
+    m_account = result.account;
+    m_viewLabel->hide();
+    m_viewDate->hide();
+    m_viewOk->hide();
+    FillRegisterGrid();
+}
+
+void RegisterPanel::onAddPayee()
+{
+    const QString text = m_entry->payee->currentText().trimmed();
+    if (text.isEmpty() || m_account.BankNum == 0) {
+        m_interaction.beep();
+        return;
+    }
+    const PayeeBook::Result result = PayeeBook(m_files).add(m_account.BankNum, m_account.BankName.text(), text);
+    if (!result.ok) {
+        showError(result.error);
+        return;
+    }
+    reloadPayees();
+    m_entry->payee->setCurrentIndex(m_entry->payee->findData(result.recordNumber));
+}
+
+void RegisterPanel::onDeletePayee()
+{
+    QComboBox *payee = m_entry->payee;
+    const int index = payee->currentIndex();
+    if (index < 0 || payee->itemText(index) != payee->currentText()) {
+        m_interaction.beep();
+        return;
+    }
+    const PayeeBook::Result result = PayeeBook(m_files).remove(payee->itemData(index).toInt());
+    if (!result.ok) {
+        showError(result.error);
+        return;
+    }
+    payee->removeItem(index);
+    payee->setCurrentIndex(-1);
+    payee->setEditText(QString());
+}
+
+void RegisterPanel::onCopy()
+{
+    QList<int> rows;
+    for (const QModelIndex &index : m_grid->selectionModel()->selectedRows())
+        if (m_model->recordNumberAt(index.row()) != 0)
+            rows << index.row();
+    if (rows.isEmpty()) {
+        m_interaction.beep();
+        return;
+    }
+    std::sort(rows.begin(), rows.end());
+    const auto answer = m_interaction.messageBox(
+        QStringLiteral("Copy the ") + QString::number(rows.size()) + QStringLiteral(" selected Transaction(s) to Clipboard."),
+        QStringLiteral("Copy Selected Transactions to Clipboard"), Interaction::Icon::Question,
+        Interaction::Buttons::OKCancel);
+    if (answer == Interaction::Answer::OK)
+        m_interaction.setClipboard(m_model->tabSeparated(rows));
+}

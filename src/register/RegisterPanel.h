@@ -1,0 +1,92 @@
+#pragma once
+
+#include "BankAcctRecord.h"
+#include "DataFiles.h"
+#include "EntryRules.h"
+#include "TransRecord.h"
+
+#include <QWidget>
+
+class DateBox;
+class EntryRow;
+class Interaction;
+class QLabel;
+class QPushButton;
+class QTableView;
+class QTimer;
+class RegisterModel;
+
+// The register of the current account with its entry row: listing, entering,
+// changing, quick entry, voiding, check numbers, payees and the view range.
+class RegisterPanel : public QWidget
+{
+    Q_OBJECT
+public:
+    RegisterPanel(Interaction &interaction, QWidget *parent = nullptr);
+
+    void setDataFiles(const DataFiles &files);
+    // Makes an account current (BankNum 0: none) and lists its register.
+    void setAccount(const BankAcctRecord &account);
+    const BankAcctRecord &account() const { return m_account; }
+
+    // Rebuilds the grid from the register file.
+    void FillRegisterGrid();
+
+    QTableView *grid() const { return m_grid; }
+    RegisterModel *model() const { return m_model; }
+
+Q_SIGNALS:
+    // A balance changed: the account list and totals need rebuilding.
+    void balancesChanged(int bankNum);
+
+private:
+    QWidget *buildViewRow();
+    void reloadLists();
+    void reloadPayees();
+
+    void onTypeChosen(int index);
+    void onCheckNumberEntered();
+    void onEnter();
+    void onQuickEntry();
+    void onClear();
+    void onVoid();
+    void onRowClicked(const QModelIndex &index);
+    void onView();
+    void onViewDate();
+    void onAddPayee();
+    void onDeletePayee();
+    void onCopy();
+
+    // The steps of Enter after the check-number and account checks.
+    void enterTransaction();
+    void loadForChange(int recordNumber);
+    EntryRules::Input input() const;
+    void showError(const QString &text);
+    void showNotice(const QString &text);
+    void suggestMemo();
+    void endChangeMode();
+    int cardBudNum() const;
+    void setCheckPending(bool pending);
+
+    Interaction &m_interaction;
+    DataFiles m_files;
+    BankAcctRecord m_account;
+
+    // Working state of the entry row.
+    int m_mode = 0;              // 0 new, 1 change
+    int m_recordNumber = 0;      // the record loaded for change
+    TransRecord m_loaded;
+    Currency m_oldAmount;
+    int m_oldBudNum = 0;
+    bool m_checkPending = false;
+
+    RegisterModel *m_model;
+    QTableView *m_grid;
+    EntryRow *m_entry;
+    QLabel *m_registerTitle = nullptr;
+    QPushButton *m_view = nullptr;
+    QLabel *m_viewLabel = nullptr;
+    DateBox *m_viewDate = nullptr;
+    QPushButton *m_viewOk = nullptr;
+    QTimer *m_noticeTimer;
+};

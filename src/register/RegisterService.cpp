@@ -1,0 +1,159 @@
+#include "RegisterService.h"
+
+#include "AccountBook.h"
+#include "BudgetPosting.h"
+#include "CheckNumbers.h"
+#include "RecordFile.h"
+#include "TransactionTemplate.h"
+#include "UnitOfWork.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <limits>
+#include <utility>
+
+namespace {
+
+bool keepsCheckNumbers(const BankAcctRecord &account)
+{
+    const QString kind = account.Type.text().trimmed();
+    return kind == QStringLiteral("CH") || kind == QStringLiteral("MM");
+}
+
+} // namespace
+
+RegisterService::RegisterService(DataFiles files) : m_files(std::move(files)) {}
+
+QString RegisterService::missingText(const QString &accountName)
+{
+    return QStringLiteral("The register of \"%1\" was missing and has been created again, empty.\n\n"
+                          "The account's balance is kept as it was.")
+        .arg(accountName);
+}
+
+RegisterService::Loaded RegisterService::load(const BankAcctRecord &account) const
+{
+    Loaded loaded;
+    if (account.BankNum == 0)
+        return loaded;
+    const QString path = m_files.registerFile(account.BankName.text());
+    RecordFile<TransRecord> file(path);
+    if (!QFileInfo::exists(path)) {
+        loaded.recreated = true;
+        if (!file.open())
+            loaded.error = QStringLiteral("The register \"%1\" could not be created: %2")
+                               .arg(QFileInfo(path).fileName(), file.errorString());
+        return loaded;
+    }
+    loaded.records = file.readAll();
+    return loaded;
+}
+
+RegisterService::Result RegisterService::refuse(const QString &error, const QString &title) const
+{
+    Result r;
+    r.error = error;
+    r.title = title;
+    return r;
+}
+
+RegisterService::Result RegisterService::add(int bankNum, TransRecord record)
+{
+    return write(bankNum, 0, std::move(record), true);
+}
+
+RegisterService::Result RegisterService::change(int bankNum, int recordNumber, TransRecord record)
+{
+    return write(bankNum, recordNumber, std::move(record), false);
+}
+
+RegisterService::Result RegisterService::write(int bankNum, int recordNumber, TransRecord record, bool isNew)
+{
+    AccountBook book(m_files);
+    BankAcctRecord account = book.read(bankNum);
+    if (bankNum < 1 || bankNum > book.count() || account.isDeleted())
+        return refuse(QStringLiteral("There is no such account."));
+    const QString path = m_files.registerFile(account.BankName.text());
+    UnitOfWork unit(m_files.dataDir());
+
+    TransRecord before;
+    if (isNew) {
+        recordNumber = unit.count(path, TransRecord::Size) + 1;
+        if (recordNumber > RawRecordFile::MaxRecords)
+            return refuse(QStringLiteral("The register of \"%1\" is full: a register holds at most "
+                                         "32,767 transactions.\n\nNothing has been entered.")
+                              .arg(account.BankName.text()),
+                          RegisterFullTitle);
+    } else {
+        if (recordNumber < 1 || recordNumber > unit.count(path, TransRecord::Size))
+            return refuse(QStringLiteral("That transaction is no longer in the register."));
+        before = unit.read<TransRecord>(path, recordNumber);
+    }
+    record.Tranno = static_cast<std::int16_t>(recordNumber);
+    unit.write(path, recordNumber, record);
+
+    account.Balance += record.Amount - (isNew ? Currency() : before.Amount);
+    if (keepsCheckNumbers(account) && record.TypeNum == 6) {
+        const auto number = CheckNumbers::numericValue(record.Type.text());
+        const auto previous = isNew ? std::nullopt : CheckNumbers::numericValue(before.Type.text());
+        if (number && number != previous && *number <= std::numeric_limits<std::int32_t>::max())
+            account.NextCheckNum = static_cast<std::int32_t>(*number);
+    }
+    unit.write(m_files.accountList(), bankNum, account);
+    BudgetPosting::post(unit, m_files, isNew ? nullptr : &before, record);
+
+    if (!unit.commit())
+        return refuse(unit.error());
+    Result r;
+    r.ok = true;
+    r.recordNumber = recordNumber;
+    r.account = account;
+    return r;
+}
+
+RegisterService::Result RegisterService::voidRecord(int bankNum, int recordNumber)
+{
+    AccountBook book(m_files);
+    const BankAcctRecord account = book.read(bankNum);
+    if (bankNum < 1 || account.isDeleted())
+        return refuse(QStringLiteral("There is no such account."));
+    RecordFile<TransRecord> file(m_files.registerFile(account.BankName.text()));
+    if (recordNumber < 1 || recordNumber > file.count())
+        return refuse(QStringLiteral("That transaction is no longer in the register."));
+    const TransRecord old = file.read(recordNumber);
+    if (old.TypeNum == TransactionTemplate::StartingBalanceTypeNum)
+        return refuse(QStringLiteral("The starting balance cannot be voided; change its amount instead."));
+    if (old.Description.is(QStringLiteral("Void")) && old.Amount.isZero())
+        return refuse(QStringLiteral("This transaction is void already."));
+    const QString cls = old.TransClass.text().trimmed();
+    if (cls != TransactionTemplate::NormTrans && cls != TransactionTemplate::CCTrans)
+        return refuse(QStringLiteral("A transfer or card payment is voided together with its other side."));
+
+    TransRecord v = TransactionTemplate::blank();
+    v.Status = old.Status;
+    v.Date = old.Date;
+    v.DateClear = old.DateClear;
+    v.Type = QStringLiteral("Void");
+    v.BudName = TransactionTemplate::NoCategory;
+    v.TransClass = old.TransClass;
+    v.CCBankName = TransactionTemplate::NoCategory;
+    return write(bankNum, recordNumber, v, false);
+}
+
+RegisterService::Result RegisterService::setViewFrom(int bankNum, const QString &viewFrom)
+{
+    BankAcctRecord account = AccountBook(m_files).read(bankNum);
+    if (bankNum < 1 || account.isDeleted())
+        return refuse(QStringLiteral("There is no such account."));
+    account.ViewFromDate = viewFrom;
+    account.ViewOption = viewFrom == QStringLiteral("All") ? 0 : 1;
+    UnitOfWork unit(m_files.dataDir());
+    unit.write(m_files.accountList(), bankNum, account);
+    if (!unit.commit())
+        return refuse(unit.error());
+    Result r;
+    r.ok = true;
+    r.account = account;
+    return r;
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "BankAcctRecord.h"
+#include "DataFiles.h"
+#include "TransRecord.h"
+
+#include <QString>
+
+#include <vector>
+
+// Reads and writes the register of an account. Every write moves the account's
+// balance (and later its budget) in the same unit of work.
+class RegisterService
+{
+public:
+    explicit RegisterService(DataFiles files);
+
+    struct Loaded
+    {
+        std::vector<TransRecord> records;
+        // The register file was missing and has been created again, empty.
+        bool recreated = false;
+        QString error;
+    };
+    Loaded load(const BankAcctRecord &account) const;
+
+    struct Result
+    {
+        bool ok = false;
+        QString error;
+        QString title;        // for a message box; empty for the error label
+        int recordNumber = 0;
+        BankAcctRecord account; // the account as stored
+    };
+
+    // A new transaction goes after the last one. The account's last check
+    // number follows a check written in a checking or money-market account.
+    Result add(int bankNum, TransRecord record);
+    // Rewrites record n in place; the balance moves by the difference. The last
+    // check number changes only when the check's number did.
+    Result change(int bankNum, int recordNumber, TransRecord record);
+    // Turns record n into a void entry in place and takes its amount off the balance.
+    Result voidRecord(int bankNum, int recordNumber);
+
+    // Keeps the register's view range ("All" or a date) with the account.
+    Result setViewFrom(int bankNum, const QString &viewFrom);
+
+    inline static const QString RegisterFullTitle = QStringLiteral("Register Full");
+    inline static const QString MissingTitle = QStringLiteral("Register Missing");
+    static QString missingText(const QString &accountName);
+
+private:
+    Result refuse(const QString &error, const QString &title = {}) const;
+    Result write(int bankNum, int recordNumber, TransRecord record, bool isNew);
+
+    DataFiles m_files;
+};
