@@ -402,10 +402,15 @@ void RegisterPanel::enterTransaction()
     const RegisterService::Result result = change ? service.change(m_account.BankNum, m_recordNumber, record)
                                                   : service.add(m_account.BankNum, record);
     if (!result.ok) {
-        if (!result.title.isEmpty())
-            m_interaction.message(result.error, result.title, Interaction::Icon::Exclamation);
-        else
+        if (result.title.isEmpty()) {
             showError(result.error);
+            return;
+        }
+        m_interaction.message(result.error, result.title, Interaction::Icon::Exclamation);
+        if (result.title == RegisterService::MissingTitle) {
+            endChangeMode();
+            m_model->setRegister({}, 1, isCard(m_account));
+        }
         return;
     }
     m_account = result.account;

@@ -75,6 +75,12 @@ RegisterService::Result RegisterService::write(int bankNum, int recordNumber, Tr
     if (bankNum < 1 || bankNum > book.count() || account.isDeleted())
         return refuse(QStringLiteral("There is no such account."));
     const QString path = m_files.registerFile(account.BankName.text());
+    if (!QFileInfo::exists(path)) {
+        // Removed behind the program's back: start it again, empty, and say so
+        // rather than quietly writing a register that begins with this entry.
+        QFile(path).open(QIODevice::WriteOnly);
+        return refuse(missingText(account.BankName.text()), MissingTitle);
+    }
     UnitOfWork unit(m_files.dataDir());
 
     TransRecord before;
