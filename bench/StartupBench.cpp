@@ -5,8 +5,8 @@
 
 #include "AccountService.h"
 #include "DataFiles.h"
-#include "Interaction.h"
 #include "MainForm.h"
+#include "SilentInteraction.h"
 #include "StartForm.h"
 
 #include <QApplication>
@@ -22,33 +22,6 @@
 namespace {
 
 using Clock = std::chrono::steady_clock;
-
-// Answers every message box with OK, never shows anything, and remembers the
-// last message so that an unexpected one can be reported.
-class SilentInteraction : public Interaction
-{
-public:
-    Answer messageBox(const QString &text, const QString &, Icon, Buttons) override
-    {
-        ++messages;
-        lastMessage = text;
-        return Answer::OK;
-    }
-    int fund(const QString &, const QString &text) override
-    {
-        ++messages;
-        lastMessage = text;
-        return 1;
-    }
-    void beep() override {}
-    void print(const QString &, const QStringList &) override {}
-    void setClipboard(const QString &) override {}
-    void openUrl(const QString &) override {}
-    void windowEvent(const QString &, bool) override {}
-
-    int messages = 0;
-    QString lastMessage;
-};
 
 StartForm::Options optionsFor(const QString &appPath)
 {

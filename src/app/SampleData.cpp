@@ -3,6 +3,7 @@
 #include "AccountBook.h"
 #include "AccountService.h"
 #include "BudgetRecord.h"
+#include "PayeeBook.h"
 #include "RecordFile.h"
 #include "EntryChecks.h"
 #include "RegisterService.h"
@@ -69,6 +70,13 @@ public:
         }
         t.Amount = TransactionTypes::signedAmount(t.TypeNum, Currency::fromCents(e.cents));
         const auto r = RegisterService(m_files).add(bankNum, t);
+        if (!r.ok && m_error.isEmpty())
+            m_error = r.error;
+    }
+
+    void payee(int bankNum, const char *name, const char *text)
+    {
+        const auto r = PayeeBook(m_files).add(bankNum, QString::fromLatin1(name), QString::fromLatin1(text));
         if (!r.ok && m_error.isEmpty())
             m_error = r.error;
     }
@@ -178,6 +186,13 @@ QString ensure(const QString &dataDir)
     for (const Entry &e : storeEntries)
         b.post(store, true, e);
 
+    // Payees saved for the everyday accounts and the travel card.
+    for (const char *p : {"Maple Street Properties", "Green Basket Grocery", "City Power & Light",
+                          "Riverside Clinic Payroll", "Corner Pharmacy"})
+        b.payee(checking, "First Community Checking", p);
+    for (const char *p : {"Northwind Mobile", "County Water District", "Fuel Stop"})
+        b.payee(joint, "Joint Household Checking", p);
+    b.payee(visa, "Travel Visa", "Skyway Airlines");
     return b.error();
 }
 

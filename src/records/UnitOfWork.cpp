@@ -33,11 +33,12 @@ quint64 fnv1a(const QByteArray &bytes)
     return h;
 }
 
+// Makes a file's contents (or a folder's entries) durable.
 void syncPath(const QString &path)
 {
     const int fd = ::open(QFile::encodeName(path).constData(), O_RDONLY);
     if (fd >= 0) {
-        ::fsync(fd);
+        ::fdatasync(fd);
         ::close(fd);
     }
 }
@@ -161,8 +162,10 @@ bool UnitOfWork::apply(const QString &dataDir, const std::vector<Rename> &rename
         syncPath(dataDir);
 
     std::set<QString> touched;
+    bool created = false;
     for (const Write &w : writes) {
         const QString path = dataDir + QLatin1Char('/') + w.file;
+        created = created || !QFileInfo::exists(path);
         QFile f(path);
         if (!f.open(QIODevice::ReadWrite) || !f.seek(w.offset) || f.write(w.bytes) != w.bytes.size()) {
             if (error)
@@ -176,7 +179,9 @@ bool UnitOfWork::apply(const QString &dataDir, const std::vector<Rename> &rename
     }
     for (const QString &path : touched)
         syncPath(path);
-    syncPath(dataDir);
+    // A new file's name must be as durable as its contents.
+    if (created)
+        syncPath(dataDir);
     return true;
 }
 
@@ -199,7 +204,8 @@ bool UnitOfWork::commit()
             return false;
         }
     }
-    syncPath(journal);
+    // QSaveFile synced the journal before renaming it; the rename itself is
+    // made durable with the folder.
     syncPath(m_dataDir);
     if (stepHook())
         stepHook()(0);

@@ -68,7 +68,7 @@ RegisterPanel::RegisterPanel(Interaction &interaction, QWidget *parent)
     m_grid->setWordWrap(false);
     QHeaderView *header = m_grid->horizontalHeader();
     header->setMinimumSectionSize(18);
-    const int widths[] = {18, 80, 60, 140, 72, 70, 72, 76, 82, 76};
+    const int widths[] = {18, 76, 68, 140, 70, 66, 72, 76, 80, 76};
     for (int c = 0; c < RegisterModel::ColumnCount; ++c)
         header->resizeSection(c, widths[c]);
     header->setSectionResizeMode(RegisterModel::Payee, QHeaderView::Stretch);
@@ -195,14 +195,15 @@ void RegisterPanel::reloadPayees()
 
 void RegisterPanel::FillRegisterGrid()
 {
-    const RegisterService::Loaded loaded = RegisterService(m_files).load(m_account);
+    RegisterService::Loaded loaded = RegisterService(m_files).load(m_account);
     if (!loaded.error.isEmpty())
         m_interaction.message(loaded.error, RegisterService::MissingTitle, Interaction::Icon::Critical);
     else if (loaded.recreated)
         m_interaction.message(RegisterService::missingText(m_account.BankName.text()),
                               RegisterService::MissingTitle, Interaction::Icon::Exclamation);
     const int first = ViewRange::firstShown(loaded.records, m_account.ViewFromDate.text());
-    m_model->setRegister(loaded.records, first, isCard(m_account));
+    // Handed over, not copied: a full register is some 13 MB of records.
+    m_model->setRegister(std::move(loaded.records), first, isCard(m_account));
     const int last = m_model->lastRow();
     if (last >= 0) {
         const QModelIndex index = m_model->index(last, RegisterModel::Type);
@@ -295,6 +296,8 @@ void RegisterPanel::onTypeChosen(int index)
             e->hideCheckPrompt();
             return;
         }
+        // The list entry gives way to the number it stands for.
+        e->type->setCurrentIndex(-1);
         e->type->setEditText(CheckNumbers::offeredText(*candidate));
         e->hideCheckPrompt();
         if (CheckNumbers::isDuplicate(m_model->records(), *candidate)) {
@@ -343,6 +346,7 @@ void RegisterPanel::onCheckNumberEntered()
     for (QChar c : typed)
         if (c >= QLatin1Char('0') && c <= QLatin1Char('9'))
             digits += c;
+    e->type->setCurrentIndex(-1);
     e->type->setEditText(CheckNumbers::typedText(digits));
     setCheckPending(false);
 }
@@ -381,6 +385,7 @@ void RegisterPanel::enterTransaction()
         if (m_interaction.fund(QStringLiteral("Budget Balance Exceeded"), *budget) == 1)
             return;
     }
+    bool paymentNotice = false;
     if (kind != QStringLiteral("CC")) {
         const auto check = EntryRules::checkAccountBalance(in, m_account.BankName.text(), m_account.Balance,
                                                            change, m_oldAmount);
@@ -392,6 +397,7 @@ void RegisterPanel::enterTransaction()
         if (check.incorrectPaymentType) {
             // A notice only: the entry goes ahead, even past a Cancel above.
             showError(EntryRules::IncorrectPaymentType);
+            paymentNotice = true;
             cancel = 0;
         }
         if (cancel == 1)
@@ -420,10 +426,10 @@ void RegisterPanel::enterTransaction()
 
     // Ready for the next entry: the date stays, the rest starts afresh.
     const QString date = m_entry->date->currentText();
-    const bool keepNotice = !m_entry->error->text().isEmpty();
     onClear();
     m_entry->date->setEditText(date);
-    if (keepNotice)
+    // Only this entry's own notice stays: an older error or notice is gone.
+    if (paymentNotice)
         m_entry->error->setText(EntryRules::IncorrectPaymentType);
 }
 

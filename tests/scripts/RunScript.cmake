@@ -17,12 +17,15 @@ file(REMOVE_RECURSE "${run_dir}")
 file(MAKE_DIRECTORY "${run_dir}/home" "${run_dir}/config")
 
 set(screen "1024x768")
+set(today "11/21/2026")
 set(conf "")
 file(STRINGS "${SCRIPT}" directives REGEX "^#!")
 foreach(line IN LISTS directives)
     string(REGEX REPLACE "^#![ \t]*" "" line "${line}")
     if(line MATCHES "^--screen[ \t]+(.+)$")
         set(screen "${CMAKE_MATCH_1}")
+    elseif(line MATCHES "^--today[ \t]+(.+)$")
+        set(today "${CMAKE_MATCH_1}")
     elseif(line MATCHES "^setting[ \t]+([^/=]+)/([^=]+)=(.*)$")
         # $XDG_CONFIG_HOME/quillmere.conf, as QSettings writes it: blanks in keys as %20.
         string(REPLACE " " "%20" key "${CMAKE_MATCH_2}")
@@ -37,7 +40,7 @@ execute_process(
     COMMAND ${CMAKE_COMMAND} -E env
         "XDG_CONFIG_HOME=${run_dir}/config" "QT_QPA_PLATFORM=offscreen"
         "${QUILLMERE}" --home "${run_dir}/home" --script "${SCRIPT}"
-        --today 11/21/2026 --screen "${screen}"
+        --today "${today}" --screen "${screen}"
     OUTPUT_VARIABLE actual
     ERROR_VARIABLE errors
     RESULT_VARIABLE status
