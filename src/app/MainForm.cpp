@@ -3,6 +3,8 @@
 #include "AccountBook.h"
 #include "AccountEditor.h"
 #include "AccountsPanel.h"
+#include "BudgetPanel.h"
+#include "BudgetTransferPanel.h"
 #include "GeneralSettings.h"
 #include "Interaction.h"
 #include "RegisterPanel.h"
@@ -104,6 +106,7 @@ QWidget *MainForm::buildTitleBar()
     connect(m_period, &QComboBox::activated, this, [this](int index) {
         (m_sample ? m_settings.SamplePeriodIndex : m_settings.PeriodIndex) = static_cast<std::int16_t>(index);
         saveSettings();
+        m_budgetTransfers->setPeriodName(m_period->itemText(index));
     });
 
     m_sampleButton = titleButton(QStringLiteral("Sample Accts"), QStringLiteral("cmdSampleMode"), bar);
@@ -136,40 +139,66 @@ QWidget *MainForm::buildTitleBar()
     return bar;
 }
 
+namespace {
+
+// The panels of the work area, in page order, as scripts and buttons name them.
+const char *const PanelNames[] = {"register", "budget", "budgettransfer", "accounts"};
+constexpr int PanelCount = 4;
+
+} // namespace
+
 QWidget *MainForm::buildWorkArea()
 {
     auto *area = new QWidget(this);
     auto *buttons = new QWidget(area);
     buttons->setObjectName(QStringLiteral("picPanelButtons"));
-    m_registerButton = new QPushButton(tr("Register"), buttons);
-    m_registerButton->setObjectName(QStringLiteral("cmdRegister"));
-    m_accountsButton = new QPushButton(tr("Accounts"), buttons);
-    m_accountsButton->setObjectName(QStringLiteral("cmdAccounts"));
-    for (QPushButton *b : {m_registerButton, m_accountsButton})
-        b->setCheckable(true);
-    connect(m_registerButton, &QPushButton::clicked, this, [this] { showPanel(QStringLiteral("register")); });
-    connect(m_accountsButton, &QPushButton::clicked, this, [this] { showPanel(QStringLiteral("accounts")); });
     auto *buttonRow = new QHBoxLayout(buttons);
     buttonRow->setContentsMargins(0, 0, 0, 0);
-    buttonRow->addWidget(m_registerButton);
-    buttonRow->addWidget(m_accountsButton);
+    const struct
+    {
+        const char *name;
+        QString caption;
+    } panelButtons[PanelCount] = {{"cmdRegister", tr("Register")},
+                                  {"cmdBudget", tr("Budget")},
+                                  {"cmdBudgetTransfer", tr("Budget Transfers")},
+                                  {"cmdAccounts", tr("Accounts")}};
+    for (int page = 0; page < PanelCount; ++page) {
+        auto *b = new QPushButton(panelButtons[page].caption, buttons);
+        b->setObjectName(QString::fromLatin1(panelButtons[page].name));
+        b->setCheckable(true);
+        connect(b, &QPushButton::clicked, this, [this, page] { showWorkPage(page); });
+        buttonRow->addWidget(b);
+        m_panelButtons << b;
+    }
     buttonRow->addStretch();
 
     m_register = new RegisterPanel(m_interaction, area);
+    m_budget = new BudgetPanel(m_interaction, area);
+    m_budgetTransfers = new BudgetTransferPanel(m_interaction, area);
+    m_editor = new AccountEditor(m_interaction, area);
+    m_editor->setObjectName(QStringLiteral("fraNewAccount"));
+
+    // Every change of a balance refreshes the account list and the budget's
+    // totals (disposable cash follows the bank accounts).
     connect(m_register, &RegisterPanel::balancesChanged, this, [this] {
         m_current = m_register->account();
         m_accounts->ShowAcctsForm();
+        m_budget->RefreshBudgetList();
     });
-    m_editor = new AccountEditor(m_interaction, area);
-    m_editor->setObjectName(QStringLiteral("fraNewAccount"));
-    connect(m_editor, &AccountEditor::accountAdded, this, [this](int bankNum) {
+    connect(m_budget, &BudgetPanel::categoriesChanged, this, [this] {
+        m_register->reloadCategories();
+        m_budgetTransfers->reloadCategories();
+    });
+    connect(m_budgetTransfers, &BudgetTransferPanel::budgetChanged, m_budget, &BudgetPanel::RefreshBudgetList);
+    auto accountsChanged = [this](int bankNum) {
         m_accounts->ShowAcctsForm();
+        m_budget->RefreshBudgetList();
+        m_budgetTransfers->reloadCategories();
         setCurrentAccount(bankNum);
-    });
-    connect(m_editor, &AccountEditor::accountRenamed, this, [this](int bankNum) {
-        m_accounts->ShowAcctsForm();
-        setCurrentAccount(bankNum);
-    });
+    };
+    connect(m_editor, &AccountEditor::accountAdded, this, accountsChanged);
+    connect(m_editor, &AccountEditor::accountRenamed, this, accountsChanged);
+
     auto *accountsPage = new QWidget(area);
     auto *accountsLayout = new QVBoxLayout(accountsPage);
     accountsLayout->setContentsMargins(0, 0, 0, 0);
@@ -179,6 +208,8 @@ QWidget *MainForm::buildWorkArea()
     m_work = new QStackedWidget(area);
     m_work->setObjectName(QStringLiteral("picWorkArea"));
     m_work->addWidget(m_register);
+    m_work->addWidget(m_budget);
+    m_work->addWidget(m_budgetTransfers);
     m_work->addWidget(accountsPage);
 
     auto *layout = new QVBoxLayout(area);
@@ -227,7 +258,7 @@ void MainForm::load()
     for (auto &state : m_settings.PanelState)
         if (state < 0 || state > GeneralSettings::MaxPanelState)
             state = 0;
-    showWorkPage(m_settings.PanelState[0] == 1 ? 1 : 0);
+    showWorkPage(m_settings.PanelState[0]);
     setHelpShown(m_settings.HelpShown == 1);
     if (themeChanged)
         saveSettings();
@@ -245,6 +276,9 @@ void MainForm::openDataSet()
     m_accounts->setDataFiles(m_files);
     m_editor->setDataFiles(m_files);
     m_register->setDataFiles(m_files);
+    m_budget->setDataFiles(m_files);
+    m_budgetTransfers->setDataFiles(m_files);
+    m_budgetTransfers->setPeriodName(m_period->currentText());
     const auto first = AccountBook(m_files).firstLive();
     m_current = BankAcctRecord{};
     if (first)
@@ -292,20 +326,22 @@ void MainForm::setHelpShown(bool shown)
 
 bool MainForm::showPanel(const QString &name)
 {
-    if (name == QStringLiteral("register"))
-        showWorkPage(0);
-    else if (name == QStringLiteral("accounts"))
-        showWorkPage(1);
-    else
-        return false;
-    return true;
+    for (int page = 0; page < PanelCount; ++page) {
+        if (name == QLatin1String(PanelNames[page])) {
+            showWorkPage(page);
+            return true;
+        }
+    }
+    return false;
 }
 
 void MainForm::showWorkPage(int page)
 {
+    if (page < 0 || page >= PanelCount)
+        page = 0;
     m_work->setCurrentIndex(page);
-    m_registerButton->setChecked(page == 0);
-    m_accountsButton->setChecked(page == 1);
+    for (int i = 0; i < m_panelButtons.size(); ++i)
+        m_panelButtons[i]->setChecked(i == page);
     // The open panel is remembered in the first panel state.
     const auto state = static_cast<std::int16_t>(page);
     if (m_settings.PanelState[0] != state) {

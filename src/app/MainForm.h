@@ -6,10 +6,14 @@
 
 #include <QWidget>
 
+#include <QList>
+
 #include <array>
 
 class AccountEditor;
 class AccountsPanel;
+class BudgetPanel;
+class BudgetTransferPanel;
 class RegisterPanel;
 class Interaction;
 class QComboBox;
@@ -62,8 +66,9 @@ private:
     AccountsPanel *m_accounts = nullptr;
     AccountEditor *m_editor = nullptr;
     RegisterPanel *m_register = nullptr;
-    QPushButton *m_registerButton = nullptr;
-    QPushButton *m_accountsButton = nullptr;
+    BudgetPanel *m_budget = nullptr;
+    BudgetTransferPanel *m_budgetTransfers = nullptr;
+    QList<QPushButton *> m_panelButtons;
     QStackedWidget *m_work = nullptr;
     QPushButton *m_sampleButton = nullptr;
     QPushButton *m_helpButton = nullptr;

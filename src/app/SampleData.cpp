@@ -2,7 +2,10 @@
 
 #include "AccountBook.h"
 #include "AccountService.h"
+#include "BudgetBook.h"
+#include "BudgetCategories.h"
 #include "BudgetRecord.h"
+#include "BudgetTransfers.h"
 #include "PayeeBook.h"
 #include "RecordFile.h"
 #include "EntryChecks.h"
@@ -11,6 +14,11 @@
 #include "TransactionTypes.h"
 
 #include <QFileInfo>
+#include <QHash>
+
+#include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -22,6 +30,7 @@ struct Entry
     const char *payee;
     qint64 cents;
     const char *memo = "";
+    const char *category = nullptr;
 };
 
 class Builder
@@ -56,6 +65,10 @@ public:
         t.Description = QString::fromLatin1(e.payee);
         t.Memo = QString::fromLatin1(e.memo);
         t.BudName = TransactionTemplate::NoCategory;
+        if (e.category) {
+            t.BudName = QString::fromLatin1(e.category);
+            t.BudNum = static_cast<std::int16_t>(m_categories.value(t.BudName.text()));
+        }
         t.TransClass = card ? TransactionTemplate::CCTrans : TransactionTemplate::NormTrans;
         t.CCBankName = TransactionTemplate::NoCategory;
         if (card) {
@@ -81,11 +94,50 @@ public:
             m_error = r.error;
     }
 
+    void category(const char *name, qint64 cents, const std::vector<std::pair<const char *, qint64>> &items = {})
+    {
+        BudgetCategories::ItemRows rows;
+        for (std::size_t i = 0; i < items.size(); ++i)
+            rows[i] = {QString::fromLatin1(items[i].first), Currency::fromCents(items[i].second).toPlainText()};
+        const auto r = BudgetCategories(m_files).save(QString::fromLatin1(name),
+                                                      Currency::fromCents(cents).toPlainText(), rows);
+        if (!r.ok && m_error.isEmpty())
+            m_error = r.error;
+        m_categories.insert(QString::fromLatin1(name), r.budNum);
+    }
+
+    void monthlyTransfer(int month)
+    {
+        const QString date = EntryChecks::formatLongDate(QDate(2026, month, 1));
+        BudgetTransfers::Request request;
+        request.date = date;
+        request.amountText = QStringLiteral("1");
+        request.description = BudgetTransfers::periodicDescription(
+            false, BudgetBook(m_files).totals().monthly, QStringLiteral("Monthly"), date);
+        const auto r = BudgetTransfers(m_files).periodic(request, false);
+        if (!r.ok && m_error.isEmpty())
+            m_error = r.error;
+    }
+
+    void transfer(int month, int day, const char *from, const char *to, qint64 cents, const char *description)
+    {
+        BudgetTransfers::Request request;
+        request.date = EntryChecks::formatLongDate(QDate(2026, month, day));
+        request.description = QString::fromLatin1(description);
+        request.from = from ? m_categories.value(QString::fromLatin1(from)) : 0;
+        request.to = to ? m_categories.value(QString::fromLatin1(to)) : 0;
+        request.amountText = Currency::fromCents(cents).toPlainText();
+        const auto r = BudgetTransfers(m_files).single(request, true);
+        if (!r.ok && m_error.isEmpty())
+            m_error = r.error;
+    }
+
     const QString &error() const { return m_error; }
 
 private:
     DataFiles m_files;
     QString m_error;
+    QHash<QString, int> m_categories;
 };
 
 } // namespace
@@ -107,47 +159,68 @@ QString ensure(const QString &dataDir)
     const int visa = b.account(3, "Travel Visa", -642'18, true, opened);
     const int store = b.account(3, "Hometown Store Card", -89'99, true, opened);
 
+    // The budget: two of the categories itemised.
+    b.category("Groceries", 450'00);
+    b.category("Rent", 1'350'00);
+    b.category("Utilities", 0, {{"Electricity", 110'00}, {"Phone", 65'00}, {"Water", 60'00}});
+    b.category("Car", 0, {{"Fuel", 120'00}, {"Repairs", 50'00}});
+    b.category("Dining Out", 80'00);
+    b.category("Fun Money", 60'00);
+    b.category("Savings Goal", 200'00);
+
+    struct Queued
+    {
+        int bankNum;
+        bool card;
+        Entry entry;
+    };
+    std::vector<Queued> queued;
+
     const Entry checkingEntries[] = {
         {8, 1, "Direct Deposit", "Riverside Clinic Payroll", 2'140'00},
-        {8, 3, "Check #1001", "Maple Street Properties", 1'350'00, "August rent"},
-        {8, 5, "Debit Card", "Green Basket Grocery", 86'42},
-        {8, 9, "Auto Payment", "City Power & Light", 94'17},
+        {8, 3, "Check #1001", "Maple Street Properties", 1'350'00, "August rent", "Rent"},
+        {8, 5, "Debit Card", "Green Basket Grocery", 86'42, "", "Groceries"},
+        {8, 9, "Auto Payment", "City Power & Light", 94'17, "", "Utilities"},
         {8, 12, "ATM Withdrawal", "Main St ATM", 60'00},
         {8, 15, "Direct Deposit", "Riverside Clinic Payroll", 2'140'00},
         {8, 18, "Check #1002", "Dr. Alvarez Dental", 145'00},
-        {8, 22, "Debit Card", "Green Basket Grocery", 112'08},
+        {8, 22, "Debit Card", "Green Basket Grocery", 112'08, "", "Groceries"},
         {8, 28, "Bank Fee", "Monthly Service Fee", 5'00},
         {9, 1, "Direct Deposit", "Riverside Clinic Payroll", 2'140'00},
-        {9, 3, "Check #1003", "Maple Street Properties", 1'350'00, "September rent"},
+        {9, 3, "Check #1003", "Maple Street Properties", 1'350'00, "September rent", "Rent"},
         {9, 7, "Debit Card", "Corner Pharmacy", 23'57},
-        {9, 10, "Auto Payment", "City Power & Light", 88'41},
+        {9, 10, "Auto Payment", "City Power & Light", 88'41, "", "Utilities"},
         {9, 15, "Direct Deposit", "Riverside Clinic Payroll", 2'140'00},
-        {9, 19, "Debit Card", "Green Basket Grocery", 97'66},
+        {9, 19, "Debit Card", "Green Basket Grocery", 97'66, "", "Groceries"},
         {9, 24, "Withdrawal", "Cash for school trip", 40'00},
         {10, 1, "Direct Deposit", "Riverside Clinic Payroll", 2'140'00},
-        {10, 3, "Check #1004", "Maple Street Properties", 1'350'00, "October rent"},
-        {10, 8, "Auto Payment", "City Power & Light", 79'90},
-        {10, 14, "Debit Card", "Green Basket Grocery", 104'33},
+        {10, 3, "Check #1004", "Maple Street Properties", 1'350'00, "October rent", "Rent"},
+        {10, 8, "Auto Payment", "City Power & Light", 79'90, "", "Utilities"},
+        {10, 14, "Debit Card", "Green Basket Grocery", 104'33, "", "Groceries"},
         {10, 15, "Direct Deposit", "Riverside Clinic Payroll", 2'140'00},
-        {10, 21, "Check #1005", "Lakeside Youth Soccer", 75'00, "Fall season"},
+        {10, 21, "Check #1005", "Lakeside Youth Soccer", 75'00, "Fall season", "Fun Money"},
+        {8, 16, "Debit Card", "Luigi's Trattoria", 64'50, "", "Dining Out"},
+        {9, 12, "Debit Card", "Sushi Corner", 72'80, "", "Dining Out"},
+        {10, 9, "Debit Card", "Luigi's Trattoria", 58'00, "", "Dining Out"},
+        {10, 24, "Debit Card", "Bistro 21", 96'40, "Anniversary dinner", "Dining Out"},
         {10, 29, "ATM Deposit", "Birthday money", 50'00},
     };
     for (const Entry &e : checkingEntries)
-        b.post(checking, false, e);
+        queued.push_back({checking, false, e});
 
     const Entry jointEntries[] = {
         {8, 2, "Deposit", "Transfer from paycheck", 600'00},
-        {8, 6, "Auto Payment", "Northwind Mobile", 64'99},
-        {8, 20, "Debit Card", "Fuel Stop", 48'12},
+        {8, 6, "Auto Payment", "Northwind Mobile", 64'99, "", "Utilities"},
+        {8, 20, "Debit Card", "Fuel Stop", 48'12, "", "Car"},
         {9, 2, "Deposit", "Transfer from paycheck", 600'00},
-        {9, 6, "Auto Payment", "Northwind Mobile", 64'99},
-        {9, 17, "Check #501", "County Water District", 58'20},
+        {9, 6, "Auto Payment", "Northwind Mobile", 64'99, "", "Utilities"},
+        {9, 17, "Check #501", "County Water District", 58'20, "", "Utilities"},
         {10, 2, "Deposit", "Transfer from paycheck", 600'00},
-        {10, 6, "Auto Payment", "Northwind Mobile", 64'99},
-        {10, 23, "Debit Card", "Fuel Stop", 51'77},
+        {10, 6, "Auto Payment", "Northwind Mobile", 64'99, "", "Utilities"},
+        {10, 23, "Debit Card", "Fuel Stop", 51'77, "", "Car"},
     };
     for (const Entry &e : jointEntries)
-        b.post(joint, false, e);
+        queued.push_back({joint, false, e});
 
     const Entry savingsEntries[] = {
         {8, 31, "Interest Received", "Interest", 6'83},
@@ -156,27 +229,27 @@ QString ensure(const QString &dataDir)
         {10, 31, "Interest Received", "Interest", 7'24},
     };
     for (const Entry &e : savingsEntries)
-        b.post(savings, false, e);
+        queued.push_back({savings, false, e});
 
     const Entry marketEntries[] = {
         {8, 31, "Interest Received", "Dividend", 41'10},
         {9, 30, "Interest Received", "Dividend", 40'02},
-        {10, 15, "Withdrawal", "Car repair", 780'00},
+        {10, 15, "Withdrawal", "Car repair", 780'00, "New brakes", "Car"},
         {10, 31, "Interest Received", "Dividend", 39'87},
     };
     for (const Entry &e : marketEntries)
-        b.post(market, false, e);
+        queued.push_back({market, false, e});
 
     const Entry visaEntries[] = {
         {8, 4, "Charge", "Skyway Airlines", 389'40, "Flight to see Grandma"},
         {8, 16, "Charge", "Harbor View Hotel", 254'00},
         {8, 25, "Credit", "Harbor View Hotel refund", 54'00},
-        {9, 8, "Charge", "Green Basket Grocery", 73'25},
+        {9, 8, "Charge", "Green Basket Grocery", 73'25, "", "Groceries"},
         {9, 26, "Interest Charge", "Finance charge", 11'62},
-        {10, 11, "Charge", "Bookshop on 5th", 42'19},
+        {10, 11, "Charge", "Bookshop on 5th", 42'19, "", "Fun Money"},
     };
     for (const Entry &e : visaEntries)
-        b.post(visa, true, e);
+        queued.push_back({visa, true, e});
 
     const Entry storeEntries[] = {
         {8, 14, "Charge", "Hometown Department Store", 129'99, "School clothes"},
@@ -184,7 +257,25 @@ QString ensure(const QString &dataDir)
         {10, 5, "Credit", "Returned jacket", 49'99},
     };
     for (const Entry &e : storeEntries)
-        b.post(store, true, e);
+        queued.push_back({store, true, e});
+
+    // Everything in date order; each month begins with the monthly transfer.
+    std::stable_sort(queued.begin(), queued.end(), [](const Queued &a, const Queued &b) {
+        return std::pair(a.entry.month, a.entry.day) < std::pair(b.entry.month, b.entry.day);
+    });
+    int month = 0;
+    bool carCovered = false;
+    for (const Queued &q : queued) {
+        if (q.entry.month != month) {
+            month = q.entry.month;
+            b.monthlyTransfer(month);
+            if (month == 9)
+                b.transfer(9, 1, nullptr, "Fun Money", 150'00, "Birthday money for fun");
+        }
+        if (q.entry.month == 10 && q.entry.day == 15 && !std::exchange(carCovered, true))
+            b.transfer(10, 15, "Savings Goal", "Car", 300'00, "Cover the brake repair");
+        b.post(q.bankNum, q.card, q.entry);
+    }
 
     // Payees saved for the everyday accounts and the travel card.
     for (const char *p : {"Maple Street Properties", "Green Basket Grocery", "City Power & Light",

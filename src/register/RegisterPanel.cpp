@@ -1,7 +1,8 @@
 #include "RegisterPanel.h"
 
 #include "AccountBook.h"
-#include "BudgetPosting.h"
+#include "BudgetBook.h"
+#include "BudgetCheck.h"
 #include "BudgetRecord.h"
 #include "CheckNumbers.h"
 #include "Clock.h"
@@ -165,11 +166,7 @@ void RegisterPanel::reloadLists()
     e->type->clear();
     e->type->addItems(EntryRules::typesFor(m_account.Type.text()));
 
-    e->category->clear();
-    e->category->addItem(EntryRules::NoneEntry, 0);
-    for (const BudgetRecord &c : RecordFile<BudgetRecord>(m_files.budget()).readAll())
-        if (!c.isDeleted() && !c.BudName.isBlank())
-            e->category->addItem(c.BudName.text().trimmed(), int(c.BudNum));
+    reloadCategories();
 
     e->card->clear();
     e->card->addItem(EntryRules::NoneEntry, 0);
@@ -180,6 +177,19 @@ void RegisterPanel::reloadLists()
     // done from a bank account.
     e->card->setEnabled(!isCard(m_account));
     reloadPayees();
+}
+
+void RegisterPanel::reloadCategories()
+{
+    QComboBox *category = m_entry->category;
+    const int keep = category->currentIndex() > 0 ? category->currentData().toInt() : 0;
+    category->clear();
+    category->addItem(EntryRules::NoneEntry, 0);
+    // A card's own category moves with the card's charges and payments only.
+    for (const BudgetRecord &c : BudgetBook(m_files).readAll())
+        if (!c.isDeleted() && !c.BudName.isBlank() && c.CCBankRecnum == 0)
+            category->addItem(c.BudName.text().trimmed(), int(c.BudNum));
+    category->setCurrentIndex(keep > 0 ? std::max(0, category->findData(keep)) : 0);
 }
 
 void RegisterPanel::reloadPayees()
@@ -380,10 +390,31 @@ void RegisterPanel::enterTransaction()
     const TransRecord record = EntryRules::fillRecord(change ? m_loaded : TransactionTemplate::blank(), in,
                                                       m_account, cardBudNum());
 
-    // The budget's warning comes first, then the account's.
-    if (const auto budget = BudgetPosting::warning(m_files, change ? &m_loaded : nullptr, record)) {
-        if (m_interaction.fund(QStringLiteral("Budget Balance Exceeded"), *budget) == 1)
-            return;
+    // Once a budget is set up, the category's warning comes first, then the account's.
+    BudgetBook budget(m_files);
+    if (budget.totals().monthly > Currency()) {
+        BudgetCheck::Input check;
+        check.amountText = in.amountText;
+        check.typeText = m_entry->type->currentText();
+        check.budgetIndex = in.budgetIndex;
+        check.budNum = in.budNum;
+        check.budName = in.budName;
+        check.cardIndex = in.cardIndex;
+        if (in.cardIndex > 0) {
+            check.cardBudNum = budget.cardCategory(m_entry->card->currentData().toInt());
+            check.cardName = m_entry->card->currentText();
+        }
+        check.mode = m_mode;
+        check.tranno = m_loaded.Tranno;
+        check.oldTransAmount = m_oldAmount;
+        check.oldBudNum = m_oldBudNum;
+        check.oldAmountApplies = m_oldAmountApplies;
+        const BudgetCheck::Result result = BudgetCheck::budgetcheck(m_files, check);
+        if (result.warning) {
+            m_interaction.beep();
+            if (m_interaction.fund(BudgetCheck::Title, *result.warning) == 1)
+                return;
+        }
     }
     bool paymentNotice = false;
     if (kind != QStringLiteral("CC")) {

@@ -31,6 +31,8 @@ public:
 
     // Rebuilds the grid from the register file.
     void FillRegisterGrid();
+    // Refills the category list of the entry row, keeping the choice.
+    void reloadCategories();
 
     QTableView *grid() const { return m_grid; }
     RegisterModel *model() const { return m_model; }
@@ -76,8 +78,12 @@ private:
     int m_mode = 0;              // 0 new, 1 change
     int m_recordNumber = 0;      // the record loaded for change
     TransRecord m_loaded;
-    Currency m_oldAmount;
-    int m_oldBudNum = 0;
+    Currency m_oldAmount;   // OldTransAmount
+    int m_oldBudNum = 0;    // OldBudNum
+    // OldAmountApplies: left at 0, so that a change is tested against its own
+    // category with the old amount credited back, and against a new category
+    // at its full balance.
+    int m_oldAmountApplies = 0;
     bool m_checkPending = false;
 
     RegisterModel *m_model;

@@ -68,7 +68,8 @@ RegisterService::Result RegisterService::change(int bankNum, int recordNumber, T
     return write(bankNum, recordNumber, std::move(record), false);
 }
 
-RegisterService::Result RegisterService::write(int bankNum, int recordNumber, TransRecord record, bool isNew)
+RegisterService::Result RegisterService::write(int bankNum, int recordNumber, TransRecord record, bool isNew,
+                                               bool voiding)
 {
     AccountBook book(m_files);
     BankAcctRecord account = book.read(bankNum);
@@ -107,7 +108,7 @@ RegisterService::Result RegisterService::write(int bankNum, int recordNumber, Tr
             account.NextCheckNum = static_cast<std::int32_t>(*number);
     }
     unit.write(m_files.accountList(), bankNum, account);
-    BudgetPosting::post(unit, m_files, isNew ? nullptr : &before, record);
+    BudgetPosting::post(unit, m_files, isNew ? nullptr : &before, voiding ? nullptr : &record);
 
     if (!unit.commit())
         return refuse(unit.error());
@@ -144,7 +145,7 @@ RegisterService::Result RegisterService::voidRecord(int bankNum, int recordNumbe
     v.BudName = TransactionTemplate::NoCategory;
     v.TransClass = old.TransClass;
     v.CCBankName = TransactionTemplate::NoCategory;
-    return write(bankNum, recordNumber, v, false);
+    return write(bankNum, recordNumber, v, false, true);
 }
 
 RegisterService::Result RegisterService::setViewFrom(int bankNum, const QString &viewFrom)

@@ -51,7 +51,7 @@ public:
 
 private:
     Result refuse(const QString &error, const QString &title = {}) const;
-    Result write(int bankNum, int recordNumber, TransRecord record, bool isNew);
+    Result write(int bankNum, int recordNumber, TransRecord record, bool isNew, bool voiding = false);
 
     DataFiles m_files;
 };

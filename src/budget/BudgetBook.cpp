@@ -1,0 +1,58 @@
+#include "BudgetBook.h"
+
+#include "AccountBook.h"
+#include "RecordFile.h"
+
+#include <utility>
+
+BudgetBook::BudgetBook(DataFiles files) : m_files(std::move(files)) {}
+
+std::vector<BudgetRecord> BudgetBook::readAll() const
+{
+    return RecordFile<BudgetRecord>(m_files.budget()).readAll();
+}
+
+BudgetRecord BudgetBook::read(int budNum) const
+{
+    return RecordFile<BudgetRecord>(m_files.budget()).read(budNum);
+}
+
+int BudgetBook::count() const
+{
+    return RecordFile<BudgetRecord>(m_files.budget()).count();
+}
+
+BudgetBook::Totals BudgetBook::totals() const
+{
+    Totals t;
+    for (const BudgetRecord &c : readAll()) {
+        if (c.isDeleted() || c.BudName.isBlank())
+            continue;
+        t.monthly += amountValue(c.AmountText.text());
+        t.balance += c.Balance;
+    }
+    for (const BankAcctRecord &a : AccountBook(m_files).readAll().value_or(std::vector<BankAcctRecord>{}))
+        if (!a.isDeleted() && !a.Type.is(QStringLiteral("CC")))
+            t.bankAccounts += a.Balance;
+    return t;
+}
+
+int BudgetBook::cardCategory(int cardBankNum) const
+{
+    const std::vector<BudgetRecord> all = readAll();
+    for (const BudgetRecord &c : all)
+        if (!c.isDeleted() && c.CCBankRecnum == cardBankNum && cardBankNum != 0)
+            return c.BudNum;
+    return 0;
+}
+
+QString BudgetBook::amountText(Currency value)
+{
+    const QString plain = value.toPlainText();
+    return value.isNegative() ? plain : QLatin1Char(' ') + plain;
+}
+
+Currency BudgetBook::amountValue(const QString &text)
+{
+    return Currency::parse(text).value_or(Currency());
+}

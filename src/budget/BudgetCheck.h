@@ -1,0 +1,42 @@
+#pragma once
+
+#include "Currency.h"
+#include "DataFiles.h"
+
+#include <QString>
+
+#include <optional>
+
+// budgetcheck: before an entry with a category (or a card) is written, warns
+// when it would take more than the category still holds.
+namespace BudgetCheck {
+
+struct Input
+{
+    QString amountText;       // cmbamt
+    QString typeText;         // cmbType
+    int budgetIndex = 0;      // selection of cmbBudItems (0: no category)
+    int budNum = 0;           // the selected category
+    QString budName;
+    int cardIndex = 0;        // selection of cmbCreditCards (0: no card)
+    int cardBudNum = 0;       // the budget category of the selected card
+    QString cardName;
+
+    int mode = 0;             // 0 new, 1 change
+    int tranno = 0;           // leading field of the record being changed
+    Currency oldTransAmount;  // OldTransAmount
+    int oldBudNum = 0;        // OldBudNum
+    int oldAmountApplies = 0; // OldAmountApplies: -1 (True) or 0
+};
+
+inline const QString Title = QStringLiteral("Budget Balance Exceeded");
+
+struct Result
+{
+    int curBudNum = 0;              // CurBudNum
+    std::optional<QString> warning; // the text for frmFund, when one is due
+};
+
+Result budgetcheck(const DataFiles &files, const Input &input);
+
+} // namespace BudgetCheck

@@ -1,0 +1,349 @@
+#include "BudgetPanel.h"
+
+#include "BudgetBook.h"
+#include "BudgetCategories.h"
+#include "BudgetItemModel.h"
+#include "BudgetListModel.h"
+#include "EntryChecks.h"
+#include "Interaction.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QTableView>
+#include <QVBoxLayout>
+
+namespace {
+
+// The help lines of the budget editor, worded as they have always been.
+const char *HelpText =
+    "1.  Select a category or type a new one, enter its monthly amount and press Enter.\n"
+    "2.  To itemize, type sub-categories and amounts in the grid; the monthly amount is their total.\n"
+    "3.  The category balance (money left to spend) is reduced by the transaction amount.\n"
+    "4.  15 sub-categories are available for each Budget Category.\n"
+    "5.  If a categrory with a balance is deleted, the money will be transferred to \n"
+    "disposable cash.\n"
+    "Your budget entries should be consistent with the \nperiod selected.";
+
+QLabel *figure(const QString &name, QWidget *parent)
+{
+    auto *l = new QLabel(parent);
+    l->setObjectName(name);
+    QFont f = l->font();
+    f.setBold(true);
+    l->setFont(f);
+    return l;
+}
+
+} // namespace
+
+BudgetPanel::BudgetPanel(Interaction &interaction, QWidget *parent)
+    : QWidget(parent), m_interaction(interaction), m_files(QString(), false),
+      m_model(new BudgetListModel(this)), m_grid(new QTableView(this)), m_items(new BudgetItemModel(this)),
+      m_monthly(figure(QStringLiteral("lblMonthlyBudget"), this)),
+      m_balance(figure(QStringLiteral("lblBudgetBalance"), this)),
+      m_disposable(figure(QStringLiteral("lblDisposable"), this))
+{
+    setObjectName(QStringLiteral("picBudget"));
+    m_monthly->setText(QStringLiteral("Monthly Budget $0.00"));
+
+    m_grid->setObjectName(QStringLiteral("flxgdAcctBudget"));
+    m_grid->setModel(m_model);
+    m_grid->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_grid->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_grid->verticalHeader()->hide();
+    m_grid->verticalHeader()->setDefaultSectionSize(21);
+    m_grid->setColumnHidden(BudgetListModel::BudNum, true);
+    m_grid->setColumnHidden(BudgetListModel::CCBankRecnum, true);
+    QHeaderView *header = m_grid->horizontalHeader();
+    header->setMinimumSectionSize(14);
+    header->resizeSection(BudgetListModel::Fixed, 14);
+    header->resizeSection(BudgetListModel::Monthly, 80);
+    header->resizeSection(BudgetListModel::Balance, 80);
+    header->resizeSection(BudgetListModel::Picture, 20);
+    header->resizeSection(BudgetListModel::Items, 50);
+    header->setSectionResizeMode(BudgetListModel::Category, QHeaderView::Stretch);
+    connect(m_grid, &QTableView::clicked, this, &BudgetPanel::onGridClicked);
+    // Shift and the right button copy the budget table, as does Ctrl+C.
+    m_grid->viewport()->installEventFilter(this);
+    auto *copy = new QAction(tr("Copy Budget to Clipboard"), m_grid);
+    copy->setObjectName(QStringLiteral("mnuCopyBudget"));
+    copy->setShortcut(QKeySequence::Copy);
+    copy->setShortcutContext(Qt::WidgetShortcut);
+    connect(copy, &QAction::triggered, this, &BudgetPanel::onCopy);
+    m_grid->addAction(copy);
+
+    auto *totals = new QGridLayout;
+    totals->addWidget(m_monthly, 0, 0, 1, 2);
+    totals->addWidget(new QLabel(tr("Budget Balance"), this), 1, 0);
+    totals->addWidget(m_balance, 1, 1);
+    totals->addWidget(new QLabel(tr("Disposable Cash"), this), 2, 0);
+    totals->addWidget(m_disposable, 2, 1);
+    totals->setColumnStretch(2, 1);
+
+    auto *left = new QVBoxLayout;
+    left->addWidget(m_grid, 1);
+    left->addLayout(totals);
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addLayout(left, 3);
+    layout->addWidget(buildEditor(), 2);
+}
+
+QWidget *BudgetPanel::buildEditor()
+{
+    auto *box = new QGroupBox(tr("Budget Category"), this);
+    box->setObjectName(QStringLiteral("fraBudEditor"));
+    m_category = new QComboBox(box);
+    m_category->setObjectName(QStringLiteral("cmbBudCat"));
+    m_category->setEditable(true);
+    m_category->setInsertPolicy(QComboBox::NoInsert);
+    m_amount = new QLineEdit(box);
+    m_amount->setObjectName(QStringLiteral("txtBudAmount"));
+    m_itemize = new QLabel(tr("Itemize for "), box);
+    m_itemize->setObjectName(QStringLiteral("lblItemize"));
+    m_itemGrid = new QTableView(box);
+    m_itemGrid->setObjectName(QStringLiteral("flxgdBuditem"));
+    m_itemGrid->setModel(m_items);
+    m_itemGrid->verticalHeader()->hide();
+    m_itemGrid->verticalHeader()->setDefaultSectionSize(20);
+    m_itemGrid->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_itemGrid->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_itemGrid->horizontalHeader()->resizeSection(BudgetItemModel::Fixed, 48);
+    m_itemGrid->horizontalHeader()->resizeSection(BudgetItemModel::Amount, 80);
+    m_itemGrid->horizontalHeader()->setSectionResizeMode(BudgetItemModel::Name, QHeaderView::Stretch);
+    connect(m_itemGrid, &QTableView::clicked, this, &BudgetPanel::onItemCellClicked);
+    // The in-cell editor lies over the cell being typed into.
+    m_editor = new QLineEdit(m_itemGrid->viewport());
+    m_editor->setObjectName(QStringLiteral("txtEditor"));
+    m_editor->hide();
+    connect(m_editor, &QLineEdit::textChanged, this, &BudgetPanel::onEditorChanged);
+    connect(m_editor, &QLineEdit::returnPressed, m_editor, &QWidget::hide);
+
+    m_message = new QLabel(box);
+    m_message->setObjectName(QStringLiteral("lblBudError"));
+    m_message->setWordWrap(true);
+    m_message->setStyleSheet(QStringLiteral("color: #c0392b;"));
+    auto *help = new QLabel(QString::fromLatin1(HelpText), box);
+    help->setObjectName(QStringLiteral("lblBudHelp"));
+    help->setWordWrap(true);
+    help->setStyleSheet(QStringLiteral("color: #44546a; font-size: 11px;"));
+
+    auto button = [box](const QString &text, const char *name) {
+        auto *b = new QPushButton(text, box);
+        b->setObjectName(QString::fromLatin1(name));
+        return b;
+    };
+    QPushButton *save = button(tr("Enter"), "cmdBudEnter");
+    QPushButton *rename = button(tr("Rename"), "cmdRenameBudCat");
+    QPushButton *remove = button(tr("Remove"), "cmdRemoveBud");
+    QPushButton *clear = button(tr("Clear"), "cmdClearList");
+    connect(m_category, &QComboBox::activated, this, &BudgetPanel::onCategoryChosen);
+    connect(save, &QPushButton::clicked, this, &BudgetPanel::onSave);
+    connect(rename, &QPushButton::clicked, this, &BudgetPanel::onRename);
+    connect(remove, &QPushButton::clicked, this, &BudgetPanel::onRemove);
+    connect(clear, &QPushButton::clicked, this, &BudgetPanel::onClearList);
+
+    auto *form = new QGridLayout;
+    form->addWidget(new QLabel(tr("Category"), box), 0, 0);
+    form->addWidget(m_category, 0, 1);
+    form->addWidget(new QLabel(tr("Monthly"), box), 1, 0);
+    form->addWidget(m_amount, 1, 1);
+    auto *buttons = new QHBoxLayout;
+    buttons->addWidget(clear);
+    buttons->addWidget(remove);
+    buttons->addWidget(rename);
+    buttons->addWidget(save);
+    auto *layout = new QVBoxLayout(box);
+    layout->addLayout(form);
+    layout->addWidget(m_itemize);
+    layout->addWidget(m_itemGrid, 1);
+    layout->addWidget(m_message);
+    layout->addLayout(buttons);
+    layout->addWidget(help);
+    return box;
+}
+
+void BudgetPanel::setDataFiles(const DataFiles &files)
+{
+    m_files = files;
+    onClearList();
+    m_category->setEditText(QString());
+    m_amount->clear();
+    RefreshBudgetList();
+}
+
+void BudgetPanel::RefreshBudgetList()
+{
+    BudgetBook book(m_files);
+    std::vector<BudgetRecord> all = book.readAll();
+    const QString typed = m_category->currentText();
+    m_category->clear();
+    for (const BudgetRecord &c : all)
+        if (!c.isDeleted() && !c.BudName.isBlank())
+            m_category->addItem(c.BudName.text().trimmed(), int(c.BudNum));
+    m_category->setCurrentIndex(m_category->findText(typed));
+    m_category->setEditText(typed);
+    m_model->setCategories(std::move(all));
+
+    const BudgetBook::Totals t = book.totals();
+    m_monthly->setText(QStringLiteral("Monthly Budget ") + t.monthly.toCurrencyText());
+    m_balance->setText(t.balance.toCurrencyText());
+    m_disposable->setText(t.disposable().toCurrencyText());
+}
+
+bool BudgetPanel::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_grid->viewport() && event->type() == QEvent::MouseButtonPress) {
+        const auto *mouse = static_cast<QMouseEvent *>(event);
+        if (mouse->button() == Qt::RightButton && (mouse->modifiers() & Qt::ShiftModifier)) {
+            onCopy();
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void BudgetPanel::showMessage(const QString &text)
+{
+    m_message->setText(text);
+}
+
+void BudgetPanel::onCategoryChosen(int index)
+{
+    const int budNum = m_category->itemData(index).toInt();
+    m_loaded = budNum;
+    const BudgetRecord r = BudgetBook(m_files).read(budNum);
+    m_amount->setText(r.AmountText.text().trimmed());
+    BudgetCategories::ItemRows rows;
+    for (int k = 0; k < BudgetRecord::MaxItems; ++k)
+        rows[k] = {r.ItemNames[k].text().trimmed(), r.ItemAmounts[k].text().trimmed()};
+    m_editor->hide();
+    m_items->setRows(rows);
+    m_itemize->setText(QStringLiteral("Itemize for ") + r.BudName.text().trimmed());
+    m_message->clear();
+}
+
+void BudgetPanel::onSave()
+{
+    if (m_editLock || m_category->currentText().trimmed().isEmpty()) {
+        m_interaction.beep();
+        return;
+    }
+    m_editor->hide();
+    const BudgetCategories::Result result =
+        BudgetCategories(m_files).save(m_category->currentText(), m_amount->text(), m_items->rows());
+    if (!result.ok) {
+        showMessage(result.error);
+        m_interaction.beep();
+        return;
+    }
+    m_amount->setText(result.amountText.trimmed());
+    onClearList();
+    m_message->clear();
+    RefreshBudgetList();
+    Q_EMIT categoriesChanged();
+}
+
+void BudgetPanel::onRename()
+{
+    if (m_loaded == 0) {
+        onClearList();
+        return;
+    }
+    const BudgetCategories::Result result = BudgetCategories(m_files).rename(m_loaded, m_category->currentText());
+    if (!result.ok) {
+        showMessage(result.error);
+        return;
+    }
+    m_itemize->setText(QStringLiteral("Itemize for ") + m_category->currentText().trimmed());
+    m_message->clear();
+    RefreshBudgetList();
+    Q_EMIT categoriesChanged();
+}
+
+void BudgetPanel::onRemove()
+{
+    if (m_loaded == 0) {
+        onClearList();
+        return;
+    }
+    const BudgetCategories::Result result = BudgetCategories(m_files).remove(m_loaded);
+    if (!result.ok) {
+        showMessage(result.error);
+        return;
+    }
+    onClearList();
+    m_category->setEditText(QString());
+    m_amount->clear();
+    m_message->clear();
+    RefreshBudgetList();
+    Q_EMIT categoriesChanged();
+}
+
+void BudgetPanel::onClearList()
+{
+    m_loaded = 0;
+    m_editor->hide();
+    m_items->clear();
+    m_itemize->setText(QStringLiteral("Itemize for "));
+}
+
+void BudgetPanel::onGridClicked(const QModelIndex &index)
+{
+    if (index.column() == BudgetListModel::Picture && m_model->isCategoryRow(index.row())) {
+        m_model->toggle(index.row());
+        return;
+    }
+    const int at = m_category->findData(m_model->budNumAt(index.row()));
+    if (at < 0)
+        return;
+    m_category->setCurrentIndex(at);
+    onCategoryChosen(at);
+}
+
+void BudgetPanel::onItemCellClicked(const QModelIndex &index)
+{
+    if (index.column() == BudgetItemModel::Fixed)
+        return;
+    m_editRow = index.row();
+    m_editColumn = index.column();
+    m_editor->setGeometry(m_itemGrid->visualRect(index));
+    {
+        const QSignalBlocker quiet(m_editor);
+        m_editor->setText(m_items->cell(m_editRow, m_editColumn));
+    }
+    m_editor->show();
+    m_editor->setFocus();
+    m_editor->selectAll();
+}
+
+void BudgetPanel::onEditorChanged(const QString &text)
+{
+    // Text that is not a number counts as 0 and is always taken (names).
+    const Currency value = BudgetBook::amountValue(text);
+    if (exceedsMaxAmount(value)) {
+        m_interaction.message(EntryChecks::MaxAmountText, EntryChecks::MaxAmountTitle);
+        const QSignalBlocker quiet(m_editor);
+        m_editor->clear();
+        return;
+    }
+    m_items->setCell(m_editRow, m_editColumn, text);
+}
+
+void BudgetPanel::onCopy()
+{
+    const auto answer = m_interaction.messageBox(QStringLiteral("Copy Budget to Clipboard "),
+                                                 QStringLiteral("Copy to Clipboard"), Interaction::Icon::Question,
+                                                 Interaction::Buttons::OKCancel);
+    if (answer == Interaction::Answer::OK)
+        m_interaction.setClipboard(m_model->tabSeparated());
+}

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "DataFiles.h"
+
+#include <QWidget>
+
+class BudgetItemModel;
+class BudgetListModel;
+class Interaction;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QTableView;
+
+// The budget: the list of categories with their balances, the editor that
+// creates, changes, renames and removes them, and the monthly budget, total
+// budget balance and disposable cash.
+class BudgetPanel : public QWidget
+{
+    Q_OBJECT
+public:
+    BudgetPanel(Interaction &interaction, QWidget *parent = nullptr);
+
+    void setDataFiles(const DataFiles &files);
+    // Re-reads every category and refills the grid, the category list and the totals.
+    void RefreshBudgetList();
+    // While set (by a panel that owns the entry row), saving beeps and does nothing.
+    void setEditLock(bool locked) { m_editLock = locked; }
+
+    QTableView *grid() const { return m_grid; }
+
+Q_SIGNALS:
+    // Categories were added, renamed or removed.
+    void categoriesChanged();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    QWidget *buildEditor();
+    void onCategoryChosen(int index);
+    void onSave();
+    void onRename();
+    void onRemove();
+    void onClearList();
+    void onGridClicked(const QModelIndex &index);
+    void onItemCellClicked(const QModelIndex &index);
+    void onEditorChanged(const QString &text);
+    void onCopy();
+    void showMessage(const QString &text);
+
+    Interaction &m_interaction;
+    DataFiles m_files;
+    bool m_editLock = false;
+    int m_loaded = 0; // the category picked for the editor
+    int m_editRow = -1;
+    int m_editColumn = -1;
+
+    BudgetListModel *m_model;
+    QTableView *m_grid;
+    BudgetItemModel *m_items;
+    QTableView *m_itemGrid = nullptr;
+    QLineEdit *m_editor = nullptr;
+    QComboBox *m_category = nullptr;
+    QLineEdit *m_amount = nullptr;
+    QLabel *m_itemize = nullptr;
+    QLabel *m_message = nullptr;
+    QLabel *m_monthly;
+    QLabel *m_balance;
+    QLabel *m_disposable;
+};

@@ -1,0 +1,59 @@
+#include "BudgetPosting.h"
+
+#include "BudgetRecord.h"
+#include "UnitOfWork.h"
+
+namespace {
+
+enum class Floor { AtZero, None };
+
+void adjust(UnitOfWork &unit, const DataFiles &files, int budNum, Currency by, Floor floor)
+{
+    const QString path = files.budget();
+    // A category that does not exist (any more) holds nothing to move.
+    if (budNum < 1 || budNum > unit.count(path, BudgetRecord::Size))
+        return;
+    BudgetRecord c = unit.read<BudgetRecord>(path, budNum);
+    if (c.isDeleted() || c.BudName.isBlank())
+        return;
+    Currency balance = c.Balance + by;
+    if (floor == Floor::AtZero && balance < Currency())
+        balance = Currency();
+    c.Balance = balance;
+    unit.write(path, budNum, c);
+}
+
+// Whether a record's own category (BudNum) takes its amount.
+bool chargesCategory(const TransRecord &r)
+{
+    if (r.TransClass.is(QStringLiteral("Norm Trans")))
+        return true;
+    // A card's record marked 1 in its leading field is its opening entry.
+    return r.TransClass.is(QStringLiteral("CC Trans")) && r.Tranno != 1;
+}
+
+} // namespace
+
+namespace BudgetPosting {
+
+void post(UnitOfWork &unit, const DataFiles &files, const TransRecord *before, const TransRecord *after)
+{
+    if (before) {
+        if (chargesCategory(*before) && before->BudNum != 0)
+            adjust(unit, files, before->BudNum, -before->Amount, Floor::None);
+        if (before->TransClass.is(QStringLiteral("CC Trans")) && before->CCBudNum != 0)
+            adjust(unit, files, before->CCBudNum, before->Amount, Floor::None);
+        if (before->TransClass.is(QStringLiteral("PayCC BankLedger")) && before->CCBudNum != 0)
+            adjust(unit, files, before->CCBudNum, -before->Amount, Floor::None);
+    }
+    if (after) {
+        if (chargesCategory(*after) && after->BudNum != 0)
+            adjust(unit, files, after->BudNum, after->Amount, Floor::AtZero);
+        if (after->TransClass.is(QStringLiteral("CC Trans")) && after->CCBudNum != 0)
+            adjust(unit, files, after->CCBudNum, -after->Amount, Floor::AtZero);
+        if (after->TransClass.is(QStringLiteral("PayCC BankLedger")) && after->CCBudNum != 0)
+            adjust(unit, files, after->CCBudNum, after->Amount, Floor::AtZero);
+    }
+}
+
+} // namespace BudgetPosting
