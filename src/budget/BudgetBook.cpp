@@ -48,8 +48,22 @@ int BudgetBook::cardCategory(int cardBankNum) const
 
 QString BudgetBook::amountText(Currency value)
 {
-    const QString plain = value.toPlainText();
-    return value.isNegative() ? plain : QLatin1Char(' ') + plain;
+    const auto withSign = [&value](const QString &digits) {
+        return value.isNegative() ? digits : QLatin1Char(' ') + digits;
+    };
+    // The field holds 15 characters: a large amount keeps its cents rather
+    // than losing its last digits.
+    const QString full = withSign(value.toPlainText());
+    return full.size() <= 15 ? full : withSign(value.toFixedText());
+}
+
+QString BudgetBook::itemAmountText(const QString &typed)
+{
+    const QString trimmed = typed.trimmed();
+    const auto value = Currency::parse(trimmed);
+    if (trimmed.size() <= 15 || !value)
+        return trimmed;
+    return amountText(*value).trimmed();
 }
 
 Currency BudgetBook::amountValue(const QString &text)

@@ -37,6 +37,9 @@ public:
     // A monthly amount as it is kept: the number as text, a blank before a
     // value of zero or more ("Str" style: " 50", "-12.5").
     static QString amountText(Currency value);
+    // An item amount as typed, unless it would not fit its 15 characters;
+    // then the number written out plainly.
+    static QString itemAmountText(const QString &typed);
     // The number in a kept or typed amount text; 0 for text that is not a number.
     static Currency amountValue(const QString &text);
 

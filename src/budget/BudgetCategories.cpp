@@ -60,7 +60,7 @@ BudgetCategories::Result BudgetCategories::save(const QString &name, const QStri
         if (n == BudgetRecord::MaxItems)
             break;
         r.ItemNames[n] = item.name.trimmed();
-        r.ItemAmounts[n] = item.amount.trimmed();
+        r.ItemAmounts[n] = BudgetBook::itemAmountText(item.amount);
         ++n;
     }
     r.ItemCount = static_cast<std::int16_t>(n);
