@@ -8,6 +8,7 @@
 #include "GeneralSettings.h"
 #include "Interaction.h"
 #include "RegisterPanel.h"
+#include "TransferPanel.h"
 #include "WindowUtils.h"
 
 #include <QComboBox>
@@ -142,8 +143,8 @@ QWidget *MainForm::buildTitleBar()
 namespace {
 
 // The panels of the work area, in page order, as scripts and buttons name them.
-const char *const PanelNames[] = {"register", "budget", "budgettransfer", "accounts"};
-constexpr int PanelCount = 4;
+const char *const PanelNames[] = {"register", "transfer", "budget", "budgettransfer", "accounts"};
+constexpr int PanelCount = 5;
 
 } // namespace
 
@@ -159,6 +160,7 @@ QWidget *MainForm::buildWorkArea()
         const char *name;
         QString caption;
     } panelButtons[PanelCount] = {{"cmdRegister", tr("Register")},
+                                  {"cmdTransfer", tr("Transfers")},
                                   {"cmdBudget", tr("Budget")},
                                   {"cmdBudgetTransfer", tr("Budget Transfers")},
                                   {"cmdAccounts", tr("Accounts")}};
@@ -173,6 +175,7 @@ QWidget *MainForm::buildWorkArea()
     buttonRow->addStretch();
 
     m_register = new RegisterPanel(m_interaction, area);
+    m_transfers = new TransferPanel(m_interaction, area);
     m_budget = new BudgetPanel(m_interaction, area);
     m_budgetTransfers = new BudgetTransferPanel(m_interaction, area);
     m_editor = new AccountEditor(m_interaction, area);
@@ -184,6 +187,19 @@ QWidget *MainForm::buildWorkArea()
         m_current = m_register->account();
         m_accounts->ShowAcctsForm();
         m_budget->RefreshBudgetList();
+    });
+    // A transfer picked in the register is changed on the transfer panel.
+    connect(m_register, &RegisterPanel::transferChangeRequested, this, [this](int bankNum, int record) {
+        const QString problem = m_transfers->loadForChange(bankNum, record);
+        if (problem.isEmpty())
+            showPanel(QStringLiteral("transfer"));
+        else
+            m_register->showNotice(problem);
+    });
+    connect(m_transfers, &TransferPanel::transferred, this, [this] {
+        m_accounts->ShowAcctsForm();
+        m_budget->RefreshBudgetList();
+        setCurrentAccount(m_current.BankNum);
     });
     connect(m_budget, &BudgetPanel::categoriesChanged, this, [this] {
         m_register->reloadCategories();
@@ -208,6 +224,7 @@ QWidget *MainForm::buildWorkArea()
     m_work = new QStackedWidget(area);
     m_work->setObjectName(QStringLiteral("picWorkArea"));
     m_work->addWidget(m_register);
+    m_work->addWidget(m_transfers);
     m_work->addWidget(m_budget);
     m_work->addWidget(m_budgetTransfers);
     m_work->addWidget(accountsPage);
@@ -258,7 +275,7 @@ void MainForm::load()
     for (auto &state : m_settings.PanelState)
         if (state < 0 || state > GeneralSettings::MaxPanelState)
             state = 0;
-    showWorkPage(m_settings.PanelState[0]);
+    showWorkPage(m_settings.PanelState[1] == 1 ? PanelCount - 1 : m_settings.PanelState[0]);
     setHelpShown(m_settings.HelpShown == 1);
     if (themeChanged)
         saveSettings();
@@ -278,6 +295,7 @@ void MainForm::openDataSet()
     m_register->setDataFiles(m_files);
     m_budget->setDataFiles(m_files);
     m_budgetTransfers->setDataFiles(m_files);
+    m_transfers->setDataFiles(m_files);
     m_budgetTransfers->setPeriodName(m_period->currentText());
     const auto first = AccountBook(m_files).firstLive();
     m_current = BankAcctRecord{};
@@ -287,6 +305,7 @@ void MainForm::openDataSet()
         m_register->setAccount(m_current);
     m_accounts->setCurrentAccount(m_current.BankNum);
     m_editor->setCurrentAccount(m_current.BankNum);
+    m_transfers->reloadAccounts(m_current.BankNum);
 }
 
 void MainForm::switchDataSet()
@@ -306,6 +325,7 @@ void MainForm::setCurrentAccount(int bankNum)
     m_accounts->setCurrentAccount(bankNum);
     m_editor->setCurrentAccount(bankNum);
     m_register->setAccount(m_current);
+    m_transfers->reloadAccounts(bankNum);
 }
 
 QString MainForm::currentRegisterFile() const
@@ -342,10 +362,15 @@ void MainForm::showWorkPage(int page)
     m_work->setCurrentIndex(page);
     for (int i = 0; i < m_panelButtons.size(); ++i)
         m_panelButtons[i]->setChecked(i == page);
-    // The open panel is remembered in the first panel state.
-    const auto state = static_cast<std::int16_t>(page);
-    if (m_settings.PanelState[0] != state) {
-        m_settings.PanelState[0] = state;
+    // Panel states hold 0..3: the first remembers which of the four work
+    // panels was open, the second whether the account form was.
+    const bool accountsForm = page == PanelCount - 1;
+    std::array<std::int16_t, 4> state = m_settings.PanelState;
+    if (!accountsForm)
+        state[0] = static_cast<std::int16_t>(page);
+    state[1] = accountsForm ? 1 : 0;
+    if (state != m_settings.PanelState) {
+        m_settings.PanelState = state;
         saveSettings();
     }
 }

@@ -15,6 +15,7 @@ class AccountsPanel;
 class BudgetPanel;
 class BudgetTransferPanel;
 class RegisterPanel;
+class TransferPanel;
 class Interaction;
 class QComboBox;
 class QLabel;
@@ -68,6 +69,7 @@ private:
     RegisterPanel *m_register = nullptr;
     BudgetPanel *m_budget = nullptr;
     BudgetTransferPanel *m_budgetTransfers = nullptr;
+    TransferPanel *m_transfers = nullptr;
     QList<QPushButton *> m_panelButtons;
     QStackedWidget *m_work = nullptr;
     QPushButton *m_sampleButton = nullptr;

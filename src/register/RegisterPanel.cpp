@@ -3,6 +3,9 @@
 #include "AccountBook.h"
 #include "BudgetBook.h"
 #include "BudgetCheck.h"
+#include "CardPayments.h"
+#include "LinkedRecords.h"
+#include "LinkedVoid.h"
 #include "BudgetRecord.h"
 #include "CheckNumbers.h"
 #include "Clock.h"
@@ -379,7 +382,12 @@ void RegisterPanel::enterTransaction()
 {
     const EntryRules::Input in = input();
     const QString kind = m_account.Type.text().trimmed();
-    if (const auto refusal = EntryRules::validate(kind, in)) {
+    // The card's side of a payment keeps its type: it is checked as a credit.
+    const bool cardSide = m_mode == 1 && LinkedRecords::isPayment(m_loaded) && m_loaded.TransClass.is(LinkedRecords::PayCard);
+    EntryRules::Input checked = in;
+    if (cardSide)
+        checked.typeText = QStringLiteral("Credit");
+    if (const auto refusal = EntryRules::validate(kind, checked)) {
         if (refusal->where == EntryRules::Refusal::Where::Label)
             showError(refusal->text);
         else
@@ -387,7 +395,7 @@ void RegisterPanel::enterTransaction()
         return;
     }
     const bool change = m_mode == 1;
-    const TransRecord record = EntryRules::fillRecord(change ? m_loaded : TransactionTemplate::blank(), in,
+    const TransRecord record = EntryRules::fillRecord(change ? m_loaded : TransactionTemplate::blank(), checked,
                                                       m_account, cardBudNum());
 
     // Once a budget is set up, the category's warning comes first, then the account's.
@@ -435,22 +443,8 @@ void RegisterPanel::enterTransaction()
             return;
     }
 
-    RegisterService service(m_files);
-    const RegisterService::Result result = change ? service.change(m_account.BankNum, m_recordNumber, record)
-                                                  : service.add(m_account.BankNum, record);
-    if (!result.ok) {
-        if (result.title.isEmpty()) {
-            showError(result.error);
-            return;
-        }
-        m_interaction.message(result.error, result.title, Interaction::Icon::Exclamation);
-        if (result.title == RegisterService::MissingTitle) {
-            endChangeMode();
-            m_model->setRegister({}, 1, isCard(m_account));
-        }
+    if (!store(in, record))
         return;
-    }
-    m_account = result.account;
     Q_EMIT balancesChanged(m_account.BankNum);
     // When the statement-balancing panel is open, the new row joins its list here.
     FillRegisterGrid();
@@ -462,6 +456,50 @@ void RegisterPanel::enterTransaction()
     // Only this entry's own notice stays: an older error or notice is gone.
     if (paymentNotice)
         m_entry->error->setText(EntryRules::IncorrectPaymentType);
+}
+
+bool RegisterPanel::store(const EntryRules::Input &in, const TransRecord &record)
+{
+    const bool change = m_mode == 1;
+    const bool payment = !isCard(m_account) && in.cardIndex > 0;
+    const int bankNum = m_account.BankNum;
+    QString error;
+    QString title;
+    if (change && m_loaded.TransClass.is(LinkedRecords::PayCard)) {
+        const auto r = CardPayments(m_files).changeFromCard(bankNum, m_recordNumber, in.amountText, in.dateText,
+                                                            in.payee, in.memo);
+        error = r.error;
+        title = r.title;
+    } else if (change && (payment != m_loaded.TransClass.is(LinkedRecords::PayBank))) {
+        error = payment ? tr("To make this entry a card payment, void it and enter the payment")
+                        : tr("To make this payment an ordinary entry, void it and enter it again");
+    } else if (payment) {
+        const int card = m_entry->card->currentData().toInt();
+        const auto r = change ? CardPayments(m_files).change(bankNum, m_recordNumber, record, card)
+                              : CardPayments(m_files).add(bankNum, record, card);
+        error = r.error;
+        title = r.title;
+    } else {
+        RegisterService service(m_files);
+        const RegisterService::Result r = change ? service.change(bankNum, m_recordNumber, record)
+                                                 : service.add(bankNum, record);
+        error = r.error;
+        title = r.title;
+    }
+    if (!error.isEmpty() || !title.isEmpty()) {
+        if (title.isEmpty()) {
+            showError(error);
+            return false;
+        }
+        m_interaction.message(error, title, Interaction::Icon::Exclamation);
+        if (title == RegisterService::MissingTitle) {
+            endChangeMode();
+            m_model->setRegister({}, 1, isCard(m_account));
+        }
+        return false;
+    }
+    m_account = AccountBook(m_files).read(bankNum);
+    return true;
 }
 
 void RegisterPanel::onQuickEntry()
@@ -535,10 +573,16 @@ void RegisterPanel::onRowClicked(const QModelIndex &index)
 void RegisterPanel::loadForChange(int n)
 {
     const TransRecord &r = m_model->records()[n - 1];
-    const QString cls = r.TransClass.text().trimmed();
-    if (cls != TransactionTemplate::NormTrans && cls != TransactionTemplate::CCTrans) {
-        showNotice(tr("A transfer or card payment is changed together with its other side."));
-        return;
+    if (LinkedRecords::isLinked(r)) {
+        const auto found = LinkedRecords::find(m_files, r);
+        if (!found.records) {
+            showNotice(found.problem);
+            return;
+        }
+        if (LinkedRecords::isTransfer(r)) {
+            Q_EMIT transferChangeRequested(m_account.BankNum, n);
+            return;
+        }
     }
     onClear();
     EntryRow *e = m_entry;
@@ -561,6 +605,11 @@ void RegisterPanel::loadForChange(int n)
     e->credit->setChecked(!r.Amount.isNegative());
     e->showSignOptions(r.TypeNum == TransactionTemplate::StartingBalanceTypeNum);
     e->category->setCurrentIndex(0);
+    if (r.TransClass.is(LinkedRecords::PayBank)) {
+        // A payment shows its card; the check tests the card's category.
+        e->card->setCurrentIndex(std::max(0, e->card->findData(int(r.PaidToBankNum))));
+        m_oldBudNum = r.CCBudNum;
+    }
     if (r.BudNum > 0) {
         const int at = e->category->findData(int(r.BudNum));
         e->category->setCurrentIndex(at);
@@ -588,12 +637,16 @@ void RegisterPanel::onVoid()
         tr("Void Transaction"), Interaction::Icon::Question, Interaction::Buttons::YesNo);
     if (answer != Interaction::Answer::Yes)
         return;
-    const RegisterService::Result result = RegisterService(m_files).voidRecord(m_account.BankNum, m_recordNumber);
-    if (!result.ok) {
-        showError(result.error);
+    QString error;
+    if (LinkedRecords::isLinked(m_loaded))
+        error = LinkedVoid::voidLinked(m_files, m_account.BankNum, m_recordNumber).error;
+    else
+        error = RegisterService(m_files).voidRecord(m_account.BankNum, m_recordNumber).error;
+    if (!error.isEmpty()) {
+        showError(error);
         return;
     }
-    m_account = result.account;
+    m_account = AccountBook(m_files).read(m_account.BankNum);
     Q_EMIT balancesChanged(m_account.BankNum);
     FillRegisterGrid();
     onClear();

@@ -33,6 +33,8 @@ public:
     void FillRegisterGrid();
     // Refills the category list of the entry row, keeping the choice.
     void reloadCategories();
+    // A short notice under the entry row that goes away by itself.
+    void showNotice(const QString &text);
 
     QTableView *grid() const { return m_grid; }
     RegisterModel *model() const { return m_model; }
@@ -40,6 +42,8 @@ public:
 Q_SIGNALS:
     // A balance changed: the account list and totals need rebuilding.
     void balancesChanged(int bankNum);
+    // A transfer's row was picked: it is changed on the transfer panel.
+    void transferChangeRequested(int bankNum, int recordNumber);
 
 private:
     QWidget *buildViewRow();
@@ -64,8 +68,9 @@ private:
     void loadForChange(int recordNumber);
     EntryRules::Input input() const;
     void showError(const QString &text);
-    void showNotice(const QString &text);
     void suggestMemo();
+    // Stores the entry (a payment to a card goes to both ledgers).
+    bool store(const EntryRules::Input &in, const TransRecord &record);
     void endChangeMode();
     int cardBudNum() const;
     void setCheckPending(bool pending);

@@ -1,0 +1,187 @@
+#include "CardPayments.h"
+
+#include "AccountBook.h"
+#include "BudgetBook.h"
+#include "BudgetPosting.h"
+#include "CheckNumbers.h"
+#include "EntryChecks.h"
+#include "LinkedRecords.h"
+#include "RecordFile.h"
+#include "TransactionTemplate.h"
+#include "UnitOfWork.h"
+
+#include <QFileInfo>
+
+#include <utility>
+
+namespace {
+
+// The card's side of a payment, from the bank side.
+TransRecord cardSide(const TransRecord &bank, int cardRecord, const QString &memo)
+{
+    TransRecord c = TransactionTemplate::blank();
+    c.Tranno = static_cast<std::int16_t>(cardRecord);
+    c.Type = QStringLiteral("Payment");
+    c.TypeNum = 5;
+    c.TransClass = LinkedRecords::PayCard;
+    c.Amount = -bank.Amount;
+    c.Date = bank.Date;
+    c.Description = bank.Description;
+    c.Memo = memo;
+    c.BudName = TransactionTemplate::NoCategory;
+    c.BudNum = 0;
+    c.DateClear = bank.DateClear.text().trimmed();
+    c.Status = c.DateClear.isBlank() ? TransactionTemplate::Open : TransactionTemplate::Cleared;
+    c.PaidFromBankName = bank.PaidFromBankName;
+    c.PaidFromBankNum = bank.PaidFromBankNum;
+    c.PaidFromBankTransRecNum = bank.PaidFromBankTransRecNum;
+    c.CCBankName = bank.CCBankName;
+    c.CCBankNum = bank.CCBankNum;
+    c.CCBudNum = bank.CCBudNum;
+    c.PaidToBankName = bank.PaidToBankName;
+    c.PaidToBankNum = bank.PaidToBankNum;
+    c.PaidToBankTransRecNum = bank.PaidToBankTransRecNum;
+    return c;
+}
+
+void keepCheckNumber(BankAcctRecord &bank, const TransRecord &record, const TransRecord *before)
+{
+    const bool checks = bank.Type.is(QStringLiteral("CH")) || bank.Type.is(QStringLiteral("MM"));
+    if (!checks || record.TypeNum != 6)
+        return;
+    const auto number = CheckNumbers::numericValue(record.Type.text());
+    if (number && (!before || number != CheckNumbers::numericValue(before->Type.text())))
+        bank.NextCheckNum = static_cast<std::int32_t>(*number);
+}
+
+} // namespace
+
+CardPayments::CardPayments(DataFiles files) : m_files(std::move(files)) {}
+
+CardPayments::Result CardPayments::refuse(const QString &error, const QString &title) const
+{
+    Result r;
+    r.error = error;
+    r.title = title;
+    return r;
+}
+
+CardPayments::Result CardPayments::add(int bankNum, TransRecord bankSide, int cardBankNum)
+{
+    AccountBook book(m_files);
+    BankAcctRecord bank = book.read(bankNum);
+    BankAcctRecord card = book.read(cardBankNum);
+    if (bankNum < 1 || bank.isDeleted() || cardBankNum < 1 || cardBankNum > book.count() || card.isDeleted()
+        || !card.Type.is(QStringLiteral("CC")))
+        return refuse(QStringLiteral("That credit card is no longer in the account list"));
+    const QString bankPath = m_files.registerFile(bank.BankName.text());
+    const QString cardPath = m_files.registerFile(card.BankName.text());
+    for (const QString &path : {bankPath, cardPath})
+        if (!QFileInfo::exists(path))
+            return refuse(QStringLiteral("The register \"%1\" is missing").arg(QFileInfo(path).fileName()));
+
+    UnitOfWork unit(m_files.dataDir());
+    const int bankRecord = unit.count(bankPath, TransRecord::Size) + 1;
+    const int cardRecord = unit.count(cardPath, TransRecord::Size) + 1;
+    if (bankRecord > RawRecordFile::MaxRecords || cardRecord > RawRecordFile::MaxRecords)
+        return refuse(QStringLiteral("A register is full: it holds at most 32,767 transactions."),
+                      QStringLiteral("Register Full"));
+    const QString memo = bankSide.Memo.text();
+    bankSide.Tranno = static_cast<std::int16_t>(bankRecord);
+    bankSide.TransClass = LinkedRecords::PayBank;
+    bankSide.PaidFromBankName = bank.BankName.text();
+    bankSide.PaidFromBankNum = bank.BankNum;
+    bankSide.PaidFromBankTransRecNum = static_cast<std::int16_t>(bankRecord);
+    bankSide.PaidToBankName = card.BankName.text();
+    bankSide.CCBankName = card.BankName.text();
+    bankSide.CCBudNum = static_cast<std::int16_t>(BudgetBook(m_files).cardCategory(cardBankNum));
+    bankSide.PaidToBankNum = card.BankNum;
+    bankSide.CCBankNum = card.BankNum;
+    bankSide.PaidToBankTransRecNum = static_cast<std::int16_t>(cardRecord);
+    unit.write(bankPath, bankRecord, bankSide);
+    unit.write(cardPath, cardRecord, cardSide(bankSide, cardRecord, memo));
+
+    bank.Balance += bankSide.Amount;
+    card.Balance -= bankSide.Amount;
+    keepCheckNumber(bank, bankSide, nullptr);
+    unit.write(m_files.accountList(), bank.BankNum, bank);
+    unit.write(m_files.accountList(), card.BankNum, card);
+    BudgetPosting::post(unit, m_files, nullptr, &bankSide);
+    if (!unit.commit())
+        return refuse(unit.error());
+    Result r;
+    r.ok = true;
+    r.bankRecord = bankRecord;
+    r.cardRecord = cardRecord;
+    return r;
+}
+
+CardPayments::Result CardPayments::change(int bankNum, int bankRecord, TransRecord bankSide, int cardBankNum)
+{
+    const BankAcctRecord owner = AccountBook(m_files).read(bankNum);
+    const TransRecord stored = RecordFile<TransRecord>(m_files.registerFile(owner.BankName.text())).read(bankRecord);
+    const auto found = LinkedRecords::find(m_files, stored);
+    if (!found.records)
+        return refuse(found.problem);
+    const LinkedRecords &old = *found.records;
+    if (old.toAccount.BankNum != cardBankNum)
+        return refuse(QStringLiteral("To pay another card, void this payment and enter a new one"));
+
+    BankAcctRecord bank = old.fromAccount;
+    BankAcctRecord card = old.toAccount;
+    const QString memo = bankSide.Memo.text();
+    bankSide.Tranno = static_cast<std::int16_t>(old.fromRecord);
+    bankSide.TransClass = LinkedRecords::PayBank;
+    bankSide.PaidFromBankName = old.from.PaidFromBankName;
+    bankSide.PaidFromBankNum = old.from.PaidFromBankNum;
+    bankSide.PaidFromBankTransRecNum = static_cast<std::int16_t>(old.fromRecord);
+    bankSide.PaidToBankName = old.from.PaidToBankName;
+    bankSide.PaidToBankNum = old.from.PaidToBankNum;
+    bankSide.PaidToBankTransRecNum = static_cast<std::int16_t>(old.toRecord);
+    bankSide.CCBankName = old.from.CCBankName;
+    bankSide.CCBankNum = old.from.CCBankNum;
+    bankSide.CCBudNum = old.from.CCBudNum;
+
+    UnitOfWork unit(m_files.dataDir());
+    unit.write(old.fromPath, old.fromRecord, bankSide);
+    unit.write(old.toPath, old.toRecord, cardSide(bankSide, old.toRecord, memo));
+    // The old amounts are given back (no floor), then the new ones applied.
+    bank.Balance += bankSide.Amount - old.from.Amount;
+    card.Balance -= bankSide.Amount - old.from.Amount;
+    keepCheckNumber(bank, bankSide, &old.from);
+    unit.write(m_files.accountList(), bank.BankNum, bank);
+    unit.write(m_files.accountList(), card.BankNum, card);
+    BudgetPosting::post(unit, m_files, &old.from, &bankSide);
+    if (!unit.commit())
+        return refuse(unit.error());
+    Result r;
+    r.ok = true;
+    r.bankRecord = old.fromRecord;
+    r.cardRecord = old.toRecord;
+    return r;
+}
+
+CardPayments::Result CardPayments::changeFromCard(int cardBankNum, int cardRecord, const QString &amountText,
+                                                  const QString &date, const QString &description,
+                                                  const QString &memo)
+{
+    const BankAcctRecord card = AccountBook(m_files).read(cardBankNum);
+    const TransRecord stored = RecordFile<TransRecord>(m_files.registerFile(card.BankName.text())).read(cardRecord);
+    const auto found = LinkedRecords::find(m_files, stored);
+    if (!found.records)
+        return refuse(found.problem);
+    const auto amount = Currency::parse(amountText);
+    if (!amount || amount->isNegative() || amount->isZero())
+        return refuse(QStringLiteral("Enter an amount greater than zero"));
+    if (exceedsMaxAmount(*amount))
+        return refuse(EntryChecks::MaxAmountText, EntryChecks::MaxAmountTitle);
+    const auto day = EntryChecks::parseDate(date);
+    if (!day)
+        return refuse(EntryChecks::BadDateText, EntryChecks::BadDateTitle);
+    TransRecord bankSide = found.records->from;
+    bankSide.Amount = -*amount;
+    bankSide.Date = EntryChecks::formatLongDate(*day);
+    bankSide.Description = description.trimmed();
+    bankSide.Memo = memo;
+    return change(found.records->fromAccount.BankNum, found.records->fromRecord, bankSide, cardBankNum);
+}

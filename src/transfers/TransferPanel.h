@@ -1,0 +1,79 @@
+#pragma once
+
+#include "BankAcctRecord.h"
+#include "DataFiles.h"
+#include "TransRecord.h"
+#include "TransferService.h"
+
+#include <vector>
+
+#include <QWidget>
+
+class DateBox;
+class Interaction;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+// "Transfer Money between Bank Accounts": enters a transfer, or changes one
+// picked in a register.
+class TransferPanel : public QWidget
+{
+    Q_OBJECT
+public:
+    TransferPanel(Interaction &interaction, QWidget *parent = nullptr);
+
+    void setDataFiles(const DataFiles &files);
+    // Refills the account lists; the current account is offered as the source.
+    void reloadAccounts(int currentBankNum);
+    // Loads the transfer that record n of an account's register belongs to.
+    // Returns the notice to show instead when it cannot be changed.
+    QString loadForChange(int bankNum, int recordNumber);
+
+Q_SIGNALS:
+    // Balances of accounts changed.
+    void transferred(int fromBankNum, int toBankNum);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void onFromChosen();
+    void onTypeChosen(int index);
+    void onCheckNumberEntered();
+    void onEnter();
+    void onClear();
+    void rebuildDescription();
+    void showError(const QString &text);
+    void hideError();
+    std::vector<TransRecord> fromRegister() const;
+    TransferService::Request request() const;
+
+    Interaction &m_interaction;
+    DataFiles m_files;
+    bool m_checkPending = false;
+    int m_changeBankNum = 0;   // the transfer being changed: its from account
+    int m_changeRecord = 0;    // and its from record
+    Currency m_oldFromAmount;
+
+    QLabel *m_title;
+    QComboBox *m_from;
+    QComboBox *m_to;
+    QComboBox *m_type;
+    QLineEdit *m_amount;
+    DateBox *m_date;
+    DateBox *m_date3;
+    DateBox *m_toCleared;
+    DateBox *m_fromCleared;
+    QLabel *m_clearedLabel;
+    QLineEdit *m_description;
+    QLineEdit *m_memo;
+    QLabel *m_memoLabel;
+    QLabel *m_error;
+    QPushButton *m_errorButton;
+    QPushButton *m_enter;
+    QLineEdit *m_checkNumber;
+    QLabel *m_checkPrompt;
+    QPushButton *m_checkOk;
+};
