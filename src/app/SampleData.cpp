@@ -6,6 +6,8 @@
 #include "BudgetCategories.h"
 #include "BudgetRecord.h"
 #include "BudgetTransfers.h"
+#include "CardPayments.h"
+#include "TransferService.h"
 #include "PayeeBook.h"
 #include "RecordFile.h"
 #include "EntryChecks.h"
@@ -130,6 +132,41 @@ public:
         const auto r = BudgetTransfers(m_files).single(request, true);
         if (!r.ok && m_error.isEmpty())
             m_error = r.error;
+    }
+
+    void transfer(int month, int day, int from, int to, const char *type, qint64 cents, const char *memo = "")
+    {
+        const AccountBook book(m_files);
+        TransferService::Request r;
+        r.fromBankNum = from;
+        r.toBankNum = to;
+        r.typeText = QString::fromLatin1(type);
+        r.amountText = Currency::fromCents(cents).toPlainText();
+        r.date = r.date3 = EntryChecks::formatLongDate(QDate(2026, month, day));
+        r.description = TransferService::description(r.amountText, book.read(from).BankName.text(),
+                                                     book.read(to).BankName.text());
+        r.memo = QString::fromLatin1(memo);
+        const auto result = TransferService(m_files).enter(r);
+        if (!result.ok && m_error.isEmpty())
+            m_error = result.error;
+    }
+
+    void payCard(int month, int day, int bank, int card, const char *type, qint64 cents)
+    {
+        TransRecord t = TransactionTemplate::blank();
+        const QString typeText = QString::fromLatin1(type);
+        t.Type = typeText.startsWith(QStringLiteral("Check #")) ? typeText.mid(7) : typeText;
+        t.TypeNum = static_cast<std::int16_t>(TransactionTypes::typeNum(typeText));
+        t.Date = EntryChecks::formatLongDate(QDate(2026, month, day));
+        const QString cardName = AccountBook(m_files).read(card).BankName.text();
+        t.Description = cardName;
+        t.Memo = typeText + QStringLiteral(" payment from ") + AccountBook(m_files).read(bank).BankName.text()
+                 + QStringLiteral(" to ") + cardName;
+        t.BudName = TransactionTemplate::NoCategory;
+        t.Amount = -Currency::fromCents(cents);
+        const auto result = CardPayments(m_files).add(bank, t, card);
+        if (!result.ok && m_error.isEmpty())
+            m_error = result.error;
     }
 
     const QString &error() const { return m_error; }
@@ -264,6 +301,7 @@ QString ensure(const QString &dataDir)
         return std::pair(a.entry.month, a.entry.day) < std::pair(b.entry.month, b.entry.day);
     });
     int month = 0;
+    int transferMonth = 0;
     bool carCovered = false;
     for (const Queued &q : queued) {
         if (q.entry.month != month) {
@@ -272,10 +310,20 @@ QString ensure(const QString &dataDir)
             if (month == 9)
                 b.transfer(9, 1, nullptr, "Fun Money", 150'00, "Birthday money for fun");
         }
+        // Moving money between accounts, and paying the cards.
+        if (q.entry.month != transferMonth && q.entry.day >= 2) {
+            transferMonth = q.entry.month;
+            b.transfer(transferMonth, 2, checking, savings, "Withdrawal", 200'00, "Monthly saving");
+            b.payCard(transferMonth, 2, checking, visa, "Debit Card", transferMonth == 10 ? 700'00 : 300'00);
+        }
         if (q.entry.month == 10 && q.entry.day == 15 && !std::exchange(carCovered, true))
             b.transfer(10, 15, "Savings Goal", "Car", 300'00, "Cover the brake repair");
         b.post(q.bankNum, q.card, q.entry);
     }
+
+    // A transfer paid by check, and the store card paid beyond its debt.
+    b.transfer(10, 30, joint, market, "Check #502", 250'00, "Top up the reserve");
+    b.payCard(10, 30, joint, store, "Withdrawal", 250'00);
 
     // Payees saved for the everyday accounts and the travel card.
     for (const char *p : {"Maple Street Properties", "Green Basket Grocery", "City Power & Light",
