@@ -2,11 +2,11 @@
 
 #include "CheckNumbers.h"
 #include "DateBox.h"
+#include "KeyFilter.h"
 
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -67,7 +67,7 @@ EntryRow::EntryRow(QWidget *parent)
     cleared->setToolTip(tr("Cleared by a bank statement"));
     cleared->setStyleSheet(QStringLiteral("color: #1e7b34; font-weight: bold;"));
     checkNumber->setMaximumWidth(100);
-    checkNumber->installEventFilter(this);
+    new KeyFilter(checkNumber, checkOk, &CheckNumbers::acceptsKey);
     quick->setToolTip(tr("Enter the row as a new transaction; the one it came from stays as it is"));
     voidButton->setToolTip(tr("Void the transaction picked in the register"));
     error->setStyleSheet(QStringLiteral("color: #c0392b;"));
@@ -148,17 +148,3 @@ void EntryRow::showSignOptions(bool shown)
     credit->setVisible(shown);
 }
 
-bool EntryRow::eventFilter(QObject *watched, QEvent *event)
-{
-    if (watched == checkNumber && event->type() == QEvent::KeyPress) {
-        auto *key = static_cast<QKeyEvent *>(event);
-        if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
-            checkOk->click();
-            return true;
-        }
-        const bool editing = key->key() == Qt::Key_Left || key->key() == Qt::Key_Right
-                             || key->key() == Qt::Key_Delete || key->key() == Qt::Key_Tab;
-        return !editing && !CheckNumbers::acceptsKey(key->key(), key->text());
-    }
-    return QWidget::eventFilter(watched, event);
-}

@@ -46,6 +46,4 @@ public:
     // The sign options matter only for an account's starting balance.
     void showSignOptions(bool shown);
 
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
 };

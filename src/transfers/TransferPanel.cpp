@@ -5,6 +5,7 @@
 #include "Clock.h"
 #include "DateBox.h"
 #include "EntryChecks.h"
+#include "KeyFilter.h"
 #include "Interaction.h"
 #include "LinkedRecords.h"
 #include "RecordFile.h"
@@ -12,7 +13,6 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -62,7 +62,7 @@ TransferPanel::TransferPanel(Interaction &interaction, QWidget *parent)
     m_error->setStyleSheet(QStringLiteral("color: #c0392b;"));
     m_date3->hide(); // kept in step with the date; checked with it
     m_checkNumber->setMaximumWidth(100);
-    m_checkNumber->installEventFilter(this);
+    new KeyFilter(m_checkNumber, m_checkOk, &CheckNumbers::acceptsKey);
     auto *clear = named(new QPushButton(tr("Clear"), this), "cmdClearTransfer");
 
     connect(m_from, &QComboBox::activated, this, &TransferPanel::onFromChosen);
@@ -117,20 +117,6 @@ TransferPanel::TransferPanel(Interaction &interaction, QWidget *parent)
     onClear();
 }
 
-bool TransferPanel::eventFilter(QObject *watched, QEvent *event)
-{
-    if (watched == m_checkNumber && event->type() == QEvent::KeyPress) {
-        auto *key = static_cast<QKeyEvent *>(event);
-        if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
-            m_checkOk->click();
-            return true;
-        }
-        const bool editing = key->key() == Qt::Key_Left || key->key() == Qt::Key_Right
-                             || key->key() == Qt::Key_Delete || key->key() == Qt::Key_Tab;
-        return !editing && !CheckNumbers::acceptsKey(key->key(), key->text());
-    }
-    return QWidget::eventFilter(watched, event);
-}
 
 void TransferPanel::setDataFiles(const DataFiles &files)
 {

@@ -35,8 +35,6 @@ Q_SIGNALS:
     // Balances of accounts changed.
     void transferred(int fromBankNum, int toBankNum);
 
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void onFromChosen();
