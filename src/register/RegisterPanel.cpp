@@ -465,7 +465,9 @@ bool RegisterPanel::store(const EntryRules::Input &in, const TransRecord &record
     const int bankNum = m_account.BankNum;
     QString error;
     QString title;
-    if (change && m_loaded.TransClass.is(LinkedRecords::PayCard)) {
+    if (change && LinkedRecords::isTransfer(m_loaded)) {
+        error = tr("Change a transfer on the Transfers panel");
+    } else if (change && m_loaded.TransClass.is(LinkedRecords::PayCard)) {
         const auto r = CardPayments(m_files).changeFromCard(bankNum, m_recordNumber, in.amountText, in.dateText,
                                                             in.payee, in.memo);
         error = r.error;
@@ -573,18 +575,15 @@ void RegisterPanel::onRowClicked(const QModelIndex &index)
 void RegisterPanel::loadForChange(int n)
 {
     const TransRecord &r = m_model->records()[n - 1];
+    // Whatever was loaded before is let go first, so Void never acts on it.
+    onClear();
     if (LinkedRecords::isLinked(r)) {
         const auto found = LinkedRecords::find(m_files, r);
         if (!found.records) {
             showNotice(found.problem);
             return;
         }
-        if (LinkedRecords::isTransfer(r)) {
-            Q_EMIT transferChangeRequested(m_account.BankNum, n);
-            return;
-        }
     }
-    onClear();
     EntryRow *e = m_entry;
     m_loaded = r;
     m_recordNumber = n;
@@ -620,6 +619,9 @@ void RegisterPanel::loadForChange(int n)
     e->title->setText(tr("Change Transaction in %1").arg(m_account.BankName.text()));
     e->enter->setText(tr("Change"));
     e->voidButton->setEnabled(true);
+    // A transfer is changed on the transfer panel; here it can still be voided.
+    if (LinkedRecords::isTransfer(r))
+        Q_EMIT transferChangeRequested(m_account.BankNum, n);
 }
 
 void RegisterPanel::onVoid()

@@ -266,6 +266,17 @@ void TransferPanel::onEnter()
         m_interaction.beep();
         return;
     }
+    if (m_changeRecord) {
+        // The transfer may have been voided in a register since it was loaded.
+        const BankAcctRecord owner = AccountBook(m_files).read(m_changeBankNum);
+        const TransRecord stored =
+            RecordFile<TransRecord>(m_files.registerFile(owner.BankName.text())).read(m_changeRecord);
+        if (!LinkedRecords::isTransfer(stored)) {
+            onClear();
+            showError(tr("This transfer has been voided"));
+            return;
+        }
+    }
     const TransferService::Request r = request();
     TransferService service(m_files);
     if (const auto refusal = service.validate(r)) {

@@ -74,7 +74,8 @@ std::optional<TransferService::Result> TransferService::validate(const Request &
     if (from.isDeleted() || to.isDeleted() || request.fromBankNum > book.count() || request.toBankNum > book.count())
         return refuse(QStringLiteral("One of the accounts has been removed"));
     const QString type = request.typeText.trimmed();
-    const bool check = CheckNumbers::numberOfTypeText(type).has_value();
+    // Only checking and money-market accounts write checks.
+    const bool check = keepsChecks(from) && CheckNumbers::numberOfTypeText(type).has_value();
     if (!check && !typesFor(from.Type.text()).contains(type))
         return refuse(QStringLiteral("Choose how the money leaves %1").arg(from.BankName.text()));
     if (type == CheckNumbers::NextCheck || type == CheckNumbers::EnterCheck)
