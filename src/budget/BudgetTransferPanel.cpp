@@ -1,5 +1,6 @@
 #include "BudgetTransferPanel.h"
 
+#include "Named.h"
 #include "BudgetBook.h"
 #include "BudgetTransferModel.h"
 #include "BudgetTransfers.h"
@@ -22,13 +23,6 @@
 #include <QVBoxLayout>
 
 namespace {
-
-template<typename W>
-W *named(W *w, const char *name)
-{
-    w->setObjectName(QString::fromLatin1(name));
-    return w;
-}
 
 const QString TransferTitle = QStringLiteral("Transfer Money to Budget");
 const QString ChangeTitle = QStringLiteral("Change Budget Transfer");

@@ -76,6 +76,28 @@ std::optional<BudgetTransfers::Result> BudgetTransfers::amountChecks(const QStri
     return std::nullopt;
 }
 
+BudgetTransfers::Result BudgetTransfers::record(UnitOfWork &unit, const Request &request, int from, int to,
+                                                Currency amount) const
+{
+    BudgetTransRecord t;
+    t.Date = EntryChecks::formatLongDate(*EntryChecks::parseDate(request.date));
+    t.Description = request.description.trimmed();
+    t.Memo = request.memo;
+    t.FromBudNum = static_cast<std::int16_t>(from);
+    t.ToBudNum = static_cast<std::int16_t>(to);
+    t.Amount = amount;
+    const int slot = freeSlot();
+    if (slot > RawRecordFile::MaxRecords)
+        return refuse(QStringLiteral("The list of budget transfers is full"));
+    unit.write(m_files.budgetTransfers(), slot, t);
+    if (!unit.commit())
+        return refuse(unit.error());
+    Result r;
+    r.ok = true;
+    r.recordNumber = slot;
+    return r;
+}
+
 int BudgetTransfers::freeSlot() const
 {
     const std::vector<BudgetTransRecord> all = RecordFile<BudgetTransRecord>(m_files.budgetTransfers()).readAll();
@@ -105,23 +127,7 @@ BudgetTransfers::Result BudgetTransfers::periodic(const Request &request, bool r
     }
     if (total.isZero())
         return refuse(SetUpBudget);
-    BudgetTransRecord t;
-    t.Date = EntryChecks::formatLongDate(*EntryChecks::parseDate(request.date));
-    t.Description = request.description.trimmed();
-    t.Memo = request.memo;
-    t.FromBudNum = static_cast<std::int16_t>(remove ? RemovalCode : PeriodicCode);
-    t.ToBudNum = static_cast<std::int16_t>(remove ? PeriodicCode : RemovalCode);
-    t.Amount = total;
-    const int slot = freeSlot();
-    if (slot > RawRecordFile::MaxRecords)
-        return refuse(QStringLiteral("The list of budget transfers is full"));
-    unit.write(m_files.budgetTransfers(), slot, t);
-    if (!unit.commit())
-        return refuse(unit.error());
-    Result r;
-    r.ok = true;
-    r.recordNumber = slot;
-    return r;
+    return record(unit, request, remove ? RemovalCode : PeriodicCode, remove ? PeriodicCode : RemovalCode, total);
 }
 
 BudgetTransfers::Result BudgetTransfers::single(const Request &request, bool confirmed)
@@ -156,23 +162,7 @@ BudgetTransfers::Result BudgetTransfers::single(const Request &request, bool con
     }
     move(unit, m_files, request.to, amount);
 
-    BudgetTransRecord t;
-    t.Date = EntryChecks::formatLongDate(*EntryChecks::parseDate(request.date));
-    t.Description = request.description.trimmed();
-    t.Memo = request.memo;
-    t.FromBudNum = static_cast<std::int16_t>(request.from);
-    t.ToBudNum = static_cast<std::int16_t>(request.to);
-    t.Amount = amount;
-    const int slot = freeSlot();
-    if (slot > RawRecordFile::MaxRecords)
-        return refuse(QStringLiteral("The list of budget transfers is full"));
-    unit.write(m_files.budgetTransfers(), slot, t);
-    if (!unit.commit())
-        return refuse(unit.error());
-    Result r;
-    r.ok = true;
-    r.recordNumber = slot;
-    return r;
+    return record(unit, request, request.from, request.to, amount);
 }
 
 BudgetTransfers::Result BudgetTransfers::change(int recordNumber, const Request &request)

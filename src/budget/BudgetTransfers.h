@@ -3,6 +3,8 @@
 #include "BudgetTransRecord.h"
 #include "DataFiles.h"
 
+class UnitOfWork;
+
 #include <QList>
 #include <optional>
 #include <QString>
@@ -74,6 +76,8 @@ private:
     std::optional<Result> commonChecks(const Request &request) const;
     std::optional<Result> amountChecks(const QString &text) const;
     int freeSlot() const;
+    // Writes the new transfer record (into the first free record) and commits.
+    Result record(UnitOfWork &unit, const Request &request, int from, int to, Currency amount) const;
 
     DataFiles m_files;
 };

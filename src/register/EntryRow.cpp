@@ -1,5 +1,6 @@
 #include "EntryRow.h"
 
+#include "Named.h"
 #include "CheckNumbers.h"
 #include "DateBox.h"
 #include "KeyFilter.h"
@@ -13,13 +14,6 @@
 #include <QRadioButton>
 
 namespace {
-
-template<typename W>
-W *named(W *w, const char *name)
-{
-    w->setObjectName(QString::fromLatin1(name));
-    return w;
-}
 
 QLabel *caption(const QString &text, QWidget *parent)
 {

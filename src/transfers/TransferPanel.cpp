@@ -1,5 +1,6 @@
 #include "TransferPanel.h"
 
+#include "Named.h"
 #include "AccountBook.h"
 #include "CheckNumbers.h"
 #include "Clock.h"
@@ -21,13 +22,6 @@
 #include <limits>
 
 namespace {
-
-template<typename W>
-W *named(W *w, const char *name)
-{
-    w->setObjectName(QString::fromLatin1(name));
-    return w;
-}
 
 const QString NewTitle = QStringLiteral("Transfer Money between Bank Accounts");
 const QString ChangeTitle = QStringLiteral("Change Transfer");
