@@ -226,57 +226,53 @@ void BudgetTransferPanel::finish()
     onClear();
 }
 
-void BudgetTransferPanel::onTransfer()
+BudgetTransfers::Request BudgetTransferPanel::request() const
 {
     BudgetTransfers::Request request;
     request.date = m_date->currentText();
     request.description = m_description->text();
     request.memo = m_memo->text();
     request.amountText = m_amount->text();
-    BudgetTransfers transfers(m_files);
-    BudgetTransfers::Result result;
-    if (m_kind != Kind::Single) {
-        result = transfers.periodic(request, m_kind == Kind::Removal);
-    } else {
+    if (m_kind == Kind::Single) {
         request.from = m_from->currentIndex() < 0 ? -1 : m_from->currentData().toInt();
         request.to = m_to->currentIndex() < 0 ? -1 : m_to->currentData().toInt();
-        result = transfers.single(request, false);
-        if (!result.warning.isEmpty()) {
-            if (m_interaction.fund(BudgetTransfers::ExceededTitle, result.warning) == 1)
-                return;
-            result = transfers.single(request, true);
-        }
     }
-    if (!result.ok) {
-        if (!result.title.isEmpty())
-            m_interaction.message(result.error, result.title);
-        else
-            showError(result.error);
+    return request;
+}
+
+void BudgetTransferPanel::report(const BudgetTransfers::Result &result)
+{
+    if (result.ok)
+        finish();
+    else if (!result.title.isEmpty())
+        m_interaction.message(result.error, result.title);
+    else
+        showError(result.error);
+}
+
+void BudgetTransferPanel::onTransfer()
+{
+    const BudgetTransfers::Request r = request();
+    BudgetTransfers transfers(m_files);
+    if (m_kind != Kind::Single) {
+        report(transfers.periodic(r, m_kind == Kind::Removal));
         return;
     }
-    finish();
+    const BudgetTransfers::Result first = transfers.single(r, false);
+    if (first.warning.isEmpty()) {
+        report(first);
+        return;
+    }
+    // The source holds less than the amount: the user decides.
+    if (m_interaction.fund(BudgetTransfers::ExceededTitle, first.warning) == 0)
+        report(transfers.single(r, true));
 }
 
 void BudgetTransferPanel::onChange()
 {
     if (m_editLock || m_changing == 0)
         return;
-    BudgetTransfers::Request request;
-    request.date = m_date->currentText();
-    request.description = m_description->text();
-    request.memo = m_memo->text();
-    request.amountText = m_amount->text();
-    request.from = m_from->currentIndex() < 0 ? -1 : m_from->currentData().toInt();
-    request.to = m_to->currentIndex() < 0 ? -1 : m_to->currentData().toInt();
-    const BudgetTransfers::Result result = BudgetTransfers(m_files).change(m_changing, request);
-    if (!result.ok) {
-        if (!result.title.isEmpty())
-            m_interaction.message(result.error, result.title);
-        else
-            showError(result.error);
-        return;
-    }
-    finish();
+    report(BudgetTransfers(m_files).change(m_changing, request()));
 }
 
 void BudgetTransferPanel::onRowClicked(const QModelIndex &index)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "BudgetTransfers.h"
 #include "DataFiles.h"
 
 #include <QWidget>
@@ -45,6 +46,9 @@ private:
     void fillPeriodic();
     void showError(const QString &text);
     void finish();
+    BudgetTransfers::Request request() const;
+    // Finishes a successful transfer, or shows why it was refused.
+    void report(const BudgetTransfers::Result &result);
 
     Interaction &m_interaction;
     DataFiles m_files;
