@@ -299,13 +299,15 @@ void MainForm::openDataSet()
     m_budgetTransfers->setPeriodName(m_period->currentText());
     const auto first = AccountBook(m_files).firstLive();
     m_current = BankAcctRecord{};
-    if (first)
+    if (first) {
         setCurrentAccount(first->BankNum);
-    else
-        m_register->setAccount(m_current);
-    m_accounts->setCurrentAccount(m_current.BankNum);
-    m_editor->setCurrentAccount(m_current.BankNum);
-    m_transfers->reloadAccounts(m_current.BankNum);
+        return;
+    }
+    // No account yet: every panel shows that.
+    m_register->setAccount(m_current);
+    m_accounts->setCurrentAccount(0);
+    m_editor->setCurrentAccount(0);
+    m_transfers->reloadAccounts(0);
 }
 
 void MainForm::switchDataSet()
@@ -326,11 +328,6 @@ void MainForm::setCurrentAccount(int bankNum)
     m_editor->setCurrentAccount(bankNum);
     m_register->setAccount(m_current);
     m_transfers->reloadAccounts(bankNum);
-}
-
-QString MainForm::currentRegisterFile() const
-{
-    return m_current.BankNum == 0 ? QString() : m_files.registerFile(m_current.BankName.text());
 }
 
 void MainForm::setHelpShown(bool shown)

@@ -37,12 +37,6 @@ public:
     // Shows a panel as its button would; false for a panel that does not exist.
     bool showPanel(const QString &name);
 
-    bool sampleMode() const { return m_sample; }
-    const DataFiles &files() const { return m_files; }
-    const BankAcctRecord &currentAccount() const { return m_current; }
-    QString currentRegisterFile() const;
-    const GenInfoRecord &settings() const { return m_settings; }
-
     void setCurrentAccount(int bankNum);
 
 protected:

@@ -66,4 +66,45 @@ bool acceptsKey(int key, const QString &text)
     return text.size() == 1 && text[0] >= QLatin1Char('0') && text[0] <= QLatin1Char('9');
 }
 
+TypeChoice chooseType(const QString &listEntry, std::int32_t lastNumber, const IsTaken &isTaken)
+{
+    TypeChoice choice;
+    if (listEntry == EnterCheck) {
+        choice.step = TypeChoice::Step::Prompt;
+        choice.prompt = EnterPrompt;
+    } else if (listEntry == NextCheck && lastNumber == -1) {
+        // No check written yet: the first number is asked for.
+        choice.step = TypeChoice::Step::Prompt;
+        choice.prompt = StartingPrompt;
+    } else if (listEntry == NextCheck) {
+        const auto candidate = nextAfter(lastNumber);
+        if (!candidate) {
+            choice.step = TypeChoice::Step::TooLarge;
+            return choice;
+        }
+        choice.typeText = offeredText(*candidate);
+        choice.step = isTaken(*candidate) ? TypeChoice::Step::Duplicate : TypeChoice::Step::Offered;
+    }
+    return choice;
+}
+
+TypedNumber acceptTyped(const QString &typed, const IsTaken &isTaken)
+{
+    TypedNumber result;
+    const auto number = numericValue(typed.trimmed());
+    if (!number)
+        return result;
+    result.number = *number;
+    for (QChar c : typed)
+        if (c >= QLatin1Char('0') && c <= QLatin1Char('9'))
+            result.digits += c;
+    if (*number > std::numeric_limits<std::int32_t>::max())
+        result.outcome = TypedNumber::Outcome::TooLarge;
+    else if (isTaken(*number))
+        result.outcome = TypedNumber::Outcome::Duplicate;
+    else
+        result.outcome = TypedNumber::Outcome::Accepted;
+    return result;
+}
+
 } // namespace CheckNumbers

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -43,5 +44,34 @@ std::optional<std::int64_t> numberOfTypeText(const QString &typeText);
 
 // Only digits and Backspace may be typed into the check-number box.
 bool acceptsKey(int key, const QString &text);
+
+// Whether a check number is already used in the register concerned.
+using IsTaken = std::function<bool(std::int64_t number)>;
+
+// What choosing a type in a type list means for check numbering.
+struct TypeChoice
+{
+    enum class Step {
+        None,      // not a check entry: no number to settle
+        Prompt,    // ask for a number; `prompt` is the caption
+        Offered,   // `typeText` carries the next number
+        Duplicate, // `typeText` carries the next number, which is taken
+        TooLarge,  // the next number would not fit in 32 bits
+    };
+    Step step = Step::None;
+    QString prompt;
+    QString typeText;
+};
+TypeChoice chooseType(const QString &listEntry, std::int32_t lastNumber, const IsTaken &isTaken);
+
+// What a number typed into the check-number box means.
+struct TypedNumber
+{
+    enum class Outcome { NotNumber, TooLarge, Duplicate, Accepted };
+    Outcome outcome = Outcome::NotNumber;
+    std::int64_t number = 0;
+    QString digits; // the digits as typed, leading zeros kept
+};
+TypedNumber acceptTyped(const QString &typed, const IsTaken &isTaken);
 
 } // namespace CheckNumbers

@@ -292,28 +292,26 @@ void RegisterPanel::onTypeChosen(int index)
     }
     const QString text = e->type->itemText(index);
     setCheckPending(false);
-    if (text == CheckNumbers::NextCheck && m_account.NextCheckNum == -1) {
+    e->hideCheckPrompt();
+    const auto taken = [this](std::int64_t n) { return CheckNumbers::isDuplicate(m_model->records(), n); };
+    const CheckNumbers::TypeChoice choice = CheckNumbers::chooseType(text, m_account.NextCheckNum, taken);
+    switch (choice.step) {
+    case CheckNumbers::TypeChoice::Step::Prompt:
         e->checkNumber->clear();
-        e->showCheckPrompt(CheckNumbers::StartingPrompt);
+        e->showCheckPrompt(choice.prompt);
         setCheckPending(true);
-    } else if (text == CheckNumbers::EnterCheck) {
-        e->checkNumber->clear();
-        e->showCheckPrompt(CheckNumbers::EnterPrompt);
-        setCheckPending(true);
-    } else if (text == CheckNumbers::NextCheck) {
-        const auto candidate = CheckNumbers::nextAfter(m_account.NextCheckNum);
-        if (!candidate) {
-            m_interaction.message(CheckNumbers::TooLargeText, CheckNumbers::TooLargeTitle,
-                                  Interaction::Icon::Exclamation);
-            e->type->setCurrentIndex(-1);
-            e->hideCheckPrompt();
-            return;
-        }
+        break;
+    case CheckNumbers::TypeChoice::Step::TooLarge:
+        m_interaction.message(CheckNumbers::TooLargeText, CheckNumbers::TooLargeTitle,
+                              Interaction::Icon::Exclamation);
+        e->type->setCurrentIndex(-1);
+        return;
+    case CheckNumbers::TypeChoice::Step::Offered:
+    case CheckNumbers::TypeChoice::Step::Duplicate:
         // The list entry gives way to the number it stands for.
         e->type->setCurrentIndex(-1);
-        e->type->setEditText(CheckNumbers::offeredText(*candidate));
-        e->hideCheckPrompt();
-        if (CheckNumbers::isDuplicate(m_model->records(), *candidate)) {
+        e->type->setEditText(choice.typeText);
+        if (choice.step == CheckNumbers::TypeChoice::Step::Duplicate) {
             m_interaction.beep();
             e->checkPrompt->setText(CheckNumbers::Duplicate);
             e->checkPrompt->show();
@@ -321,8 +319,9 @@ void RegisterPanel::onTypeChosen(int index)
             setCheckPending(true);
             return;
         }
-    } else {
-        e->hideCheckPrompt();
+        break;
+    case CheckNumbers::TypeChoice::Step::None:
+        break;
     }
     e->showSignOptions(m_mode == 1 && text == TransactionTemplate::StartingBalance);
     suggestMemo();
@@ -339,28 +338,26 @@ void RegisterPanel::onCheckNumberEntered()
         setCheckPending(false);
         return;
     }
-    const auto number = CheckNumbers::numericValue(typed);
-    if (!number) {
+    const auto taken = [this](std::int64_t n) { return CheckNumbers::isDuplicate(m_model->records(), n); };
+    const CheckNumbers::TypedNumber result = CheckNumbers::acceptTyped(typed, taken);
+    switch (result.outcome) {
+    case CheckNumbers::TypedNumber::Outcome::NotNumber:
         m_interaction.beep();
         return;
-    }
-    if (*number > std::numeric_limits<std::int32_t>::max()) {
+    case CheckNumbers::TypedNumber::Outcome::TooLarge:
         m_interaction.message(CheckNumbers::TooLargeText, CheckNumbers::TooLargeTitle,
                               Interaction::Icon::Exclamation);
         return;
-    }
-    if (CheckNumbers::isDuplicate(m_model->records(), *number)) {
+    case CheckNumbers::TypedNumber::Outcome::Duplicate:
         m_interaction.beep();
         e->checkPrompt->setText(CheckNumbers::Duplicate);
         return;
+    case CheckNumbers::TypedNumber::Outcome::Accepted:
+        break;
     }
     e->hideCheckPrompt();
-    QString digits;
-    for (QChar c : typed)
-        if (c >= QLatin1Char('0') && c <= QLatin1Char('9'))
-            digits += c;
     e->type->setCurrentIndex(-1);
-    e->type->setEditText(CheckNumbers::typedText(digits));
+    e->type->setEditText(CheckNumbers::typedText(result.digits));
     setCheckPending(false);
 }
 

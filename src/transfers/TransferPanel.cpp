@@ -19,7 +19,6 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include <limits>
 
 namespace {
 
@@ -121,9 +120,10 @@ void TransferPanel::setDataFiles(const DataFiles &files)
 void TransferPanel::reloadAccounts(int currentBankNum)
 {
     const int to = m_to->currentIndex() >= 0 ? m_to->currentData().toInt() : 0;
+    const auto accounts = AccountBook(m_files).readAll().value_or(std::vector<BankAcctRecord>{});
     for (QComboBox *list : {m_from, m_to}) {
         list->clear();
-        for (const BankAcctRecord &a : AccountBook(m_files).readAll().value_or(std::vector<BankAcctRecord>{}))
+        for (const BankAcctRecord &a : accounts)
             if (!a.isDeleted())
                 list->addItem(a.BankName.text(), int(a.BankNum));
     }
@@ -176,48 +176,55 @@ void TransferPanel::onTypeChosen(int index)
             w->show();
         m_checkPending = true;
     };
-    if (text == CheckNumbers::EnterCheck || (text == CheckNumbers::NextCheck && from.NextCheckNum == -1)) {
-        prompt(text == CheckNumbers::EnterCheck ? CheckNumbers::EnterPrompt : CheckNumbers::StartingPrompt);
-    } else if (text == CheckNumbers::NextCheck) {
-        const auto candidate = CheckNumbers::nextAfter(from.NextCheckNum);
-        if (!candidate) {
-            m_interaction.message(CheckNumbers::TooLargeText, CheckNumbers::TooLargeTitle,
-                                  Interaction::Icon::Exclamation);
-            return;
-        }
+    const auto taken = [this](std::int64_t n) { return CheckNumbers::isDuplicate(fromRegister(), n); };
+    const CheckNumbers::TypeChoice choice = CheckNumbers::chooseType(text, from.NextCheckNum, taken);
+    switch (choice.step) {
+    case CheckNumbers::TypeChoice::Step::Prompt:
+        prompt(choice.prompt);
+        break;
+    case CheckNumbers::TypeChoice::Step::TooLarge:
+        m_interaction.message(CheckNumbers::TooLargeText, CheckNumbers::TooLargeTitle,
+                              Interaction::Icon::Exclamation);
+        break;
+    case CheckNumbers::TypeChoice::Step::Offered:
+    case CheckNumbers::TypeChoice::Step::Duplicate:
         m_type->setCurrentIndex(-1);
-        m_type->setEditText(CheckNumbers::offeredText(*candidate));
-        if (CheckNumbers::isDuplicate(fromRegister(), *candidate)) {
+        m_type->setEditText(choice.typeText);
+        if (choice.step == CheckNumbers::TypeChoice::Step::Duplicate) {
             m_interaction.beep();
             m_checkPrompt->setText(CheckNumbers::Duplicate);
             m_checkPrompt->show();
             m_checkPending = true;
         }
+        break;
+    case CheckNumbers::TypeChoice::Step::None:
+        break;
     }
 }
 
 void TransferPanel::onCheckNumberEntered()
 {
-    const QString typed = m_checkNumber->text().trimmed();
-    const auto number = CheckNumbers::numericValue(typed);
-    if (!number) {
+    const auto taken = [this](std::int64_t n) { return CheckNumbers::isDuplicate(fromRegister(), n); };
+    const CheckNumbers::TypedNumber result = CheckNumbers::acceptTyped(m_checkNumber->text(), taken);
+    switch (result.outcome) {
+    case CheckNumbers::TypedNumber::Outcome::NotNumber:
         m_interaction.beep();
         return;
-    }
-    if (*number > std::numeric_limits<std::int32_t>::max()) {
+    case CheckNumbers::TypedNumber::Outcome::TooLarge:
         m_interaction.message(CheckNumbers::TooLargeText, CheckNumbers::TooLargeTitle, Interaction::Icon::Exclamation);
         return;
-    }
-    if (CheckNumbers::isDuplicate(fromRegister(), *number)) {
+    case CheckNumbers::TypedNumber::Outcome::Duplicate:
         m_interaction.beep();
         m_checkPrompt->setText(CheckNumbers::Duplicate);
         return;
+    case CheckNumbers::TypedNumber::Outcome::Accepted:
+        break;
     }
     m_checkPrompt->hide();
     m_checkNumber->hide();
     m_checkOk->hide();
     m_type->setCurrentIndex(-1);
-    m_type->setEditText(CheckNumbers::typedText(QString::number(*number)));
+    m_type->setEditText(CheckNumbers::typedText(QString::number(result.number)));
     m_checkPending = false;
 }
 
