@@ -1,13 +1,13 @@
 #include "BenchData.h"
 
-#include "AppPaths.h"
-#include "BankAcctRecord.h"
-#include "BudgetRecord.h"
-#include "DataFiles.h"
-#include "EntryChecks.h"
-#include "TransRecord.h"
-#include "TransactionTemplate.h"
-#include "TransactionTypes.h"
+#include "app/AppPaths.h"
+#include "records/BankAcctRecord.h"
+#include "records/BudgetRecord.h"
+#include "records/DataFiles.h"
+#include "core/EntryChecks.h"
+#include "records/TransRecord.h"
+#include "records/TransactionTemplate.h"
+#include "records/TransactionTypes.h"
 
 #include <QDate>
 #include <QDir>

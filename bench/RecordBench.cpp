@@ -4,9 +4,9 @@
 
 #include "BenchData.h"
 
-#include "RawRecordFile.h"
-#include "RecordFile.h"
-#include "TransRecord.h"
+#include "records/RawRecordFile.h"
+#include "records/RecordFile.h"
+#include "records/TransRecord.h"
 
 #include <benchmark/benchmark.h>
 

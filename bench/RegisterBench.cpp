@@ -4,14 +4,14 @@
 
 #include "BenchData.h"
 
-#include "BankAcctRecord.h"
-#include "DataFiles.h"
-#include "EntryChecks.h"
-#include "RawRecordFile.h"
-#include "RegisterModel.h"
-#include "RegisterPanel.h"
+#include "records/BankAcctRecord.h"
+#include "records/DataFiles.h"
+#include "core/EntryChecks.h"
+#include "records/RawRecordFile.h"
+#include "register/RegisterModel.h"
+#include "register/RegisterPanel.h"
 #include "SilentInteraction.h"
-#include "TransRecord.h"
+#include "records/TransRecord.h"
 
 #include <QApplication>
 #include <QComboBox>

@@ -3,11 +3,11 @@
 
 #include "BenchData.h"
 
-#include "AccountService.h"
-#include "DataFiles.h"
-#include "MainForm.h"
+#include "accounts/AccountService.h"
+#include "records/DataFiles.h"
+#include "app/MainForm.h"
 #include "SilentInteraction.h"
-#include "StartForm.h"
+#include "app/StartForm.h"
 
 #include <QApplication>
 #include <QDir>

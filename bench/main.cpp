@@ -3,7 +3,7 @@
 
 #include "BenchData.h"
 
-#include "TipForm.h"
+#include "app/TipForm.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,6 +1,6 @@
-#include "AccountBook.h"
+#include "accounts/AccountBook.h"
 
-#include "RecordFile.h"
+#include "records/RecordFile.h"
 
 #include <QFileInfo>
 

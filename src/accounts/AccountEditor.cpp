@@ -1,11 +1,11 @@
-#include "AccountEditor.h"
+#include "accounts/AccountEditor.h"
 
-#include "AccountBook.h"
-#include "AccountKinds.h"
-#include "AccountService.h"
-#include "Clock.h"
-#include "ErrorLabel.h"
-#include "Interaction.h"
+#include "accounts/AccountBook.h"
+#include "records/AccountKinds.h"
+#include "accounts/AccountService.h"
+#include "core/Clock.h"
+#include "ui/ErrorLabel.h"
+#include "core/Interaction.h"
 
 #include <QComboBox>
 #include <QFormLayout>

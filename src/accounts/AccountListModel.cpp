@@ -1,4 +1,4 @@
-#include "AccountListModel.h"
+#include "accounts/AccountListModel.h"
 
 #include <QColor>
 #include <QFont>

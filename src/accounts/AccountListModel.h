@@ -1,6 +1,6 @@
 #pragma once
 
-#include "AccountSummary.h"
+#include "accounts/AccountSummary.h"
 
 #include <QAbstractTableModel>
 

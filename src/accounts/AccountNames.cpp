@@ -1,4 +1,4 @@
-#include "AccountNames.h"
+#include "accounts/AccountNames.h"
 
 #include <QStringList>
 

@@ -1,15 +1,15 @@
-#include "AccountService.h"
+#include "accounts/AccountService.h"
 
-#include "AccountBook.h"
-#include "AccountKinds.h"
-#include "AccountNames.h"
-#include "ArchiveRecord.h"
-#include "BudgetRecord.h"
-#include "EntryChecks.h"
-#include "PayeeRecord.h"
-#include "RecordFile.h"
-#include "TransactionTemplate.h"
-#include "UnitOfWork.h"
+#include "accounts/AccountBook.h"
+#include "records/AccountKinds.h"
+#include "accounts/AccountNames.h"
+#include "records/ArchiveRecord.h"
+#include "records/BudgetRecord.h"
+#include "core/EntryChecks.h"
+#include "records/PayeeRecord.h"
+#include "records/RecordFile.h"
+#include "records/TransactionTemplate.h"
+#include "records/UnitOfWork.h"
 
 #include <QDir>
 #include <QFileInfo>

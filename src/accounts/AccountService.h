@@ -1,7 +1,7 @@
 #pragma once
 
-#include "BankAcctRecord.h"
-#include "DataFiles.h"
+#include "records/BankAcctRecord.h"
+#include "records/DataFiles.h"
 
 #include <QDate>
 #include <QString>

@@ -1,6 +1,6 @@
-#include "AccountSummary.h"
+#include "accounts/AccountSummary.h"
 
-#include "AccountKinds.h"
+#include "records/AccountKinds.h"
 
 QString AccountSummary::creditCardCaption() const
 {

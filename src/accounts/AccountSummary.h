@@ -1,7 +1,7 @@
 #pragma once
 
-#include "BankAcctRecord.h"
-#include "Currency.h"
+#include "records/BankAcctRecord.h"
+#include "records/Currency.h"
 
 #include <QString>
 

@@ -1,8 +1,8 @@
-#include "AccountsPanel.h"
+#include "accounts/AccountsPanel.h"
 
-#include "AccountBook.h"
-#include "AccountListModel.h"
-#include "Interaction.h"
+#include "accounts/AccountBook.h"
+#include "accounts/AccountListModel.h"
+#include "core/Interaction.h"
 
 #include <QGridLayout>
 #include <QHeaderView>

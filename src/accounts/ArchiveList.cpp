@@ -1,7 +1,7 @@
-#include "ArchiveList.h"
+#include "accounts/ArchiveList.h"
 
-#include "ArchiveRecord.h"
-#include "UnitOfWork.h"
+#include "records/ArchiveRecord.h"
+#include "records/UnitOfWork.h"
 
 namespace ArchiveList {
 

@@ -1,7 +1,7 @@
-#include "GeneralSettings.h"
+#include "app/GeneralSettings.h"
 
-#include "RecordFile.h"
-#include "UnitOfWork.h"
+#include "records/RecordFile.h"
+#include "records/UnitOfWork.h"
 
 #include <utility>
 

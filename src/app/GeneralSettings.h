@@ -1,7 +1,7 @@
 #pragma once
 
-#include "DataFiles.h"
-#include "GenInfoRecord.h"
+#include "records/DataFiles.h"
+#include "records/GenInfoRecord.h"
 
 // Record 1 of "Geninfo.dat", shared by both data sets.
 class GeneralSettings

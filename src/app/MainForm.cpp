@@ -1,15 +1,15 @@
-#include "MainForm.h"
+#include "app/MainForm.h"
 
-#include "AccountBook.h"
-#include "AccountEditor.h"
-#include "AccountsPanel.h"
-#include "BudgetPanel.h"
-#include "BudgetTransferPanel.h"
-#include "GeneralSettings.h"
-#include "Interaction.h"
-#include "RegisterPanel.h"
-#include "TransferPanel.h"
-#include "WindowUtils.h"
+#include "accounts/AccountBook.h"
+#include "accounts/AccountEditor.h"
+#include "accounts/AccountsPanel.h"
+#include "budget/BudgetPanel.h"
+#include "budget/BudgetTransferPanel.h"
+#include "app/GeneralSettings.h"
+#include "core/Interaction.h"
+#include "register/RegisterPanel.h"
+#include "transfers/TransferPanel.h"
+#include "app/WindowUtils.h"
 
 #include <QComboBox>
 #include <QFrame>

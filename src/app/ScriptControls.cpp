@@ -1,6 +1,6 @@
-#include "ScriptControls.h"
+#include "app/ScriptControls.h"
 
-#include "ScriptLine.h"
+#include "app/ScriptLine.h"
 
 #include <QAbstractButton>
 #include <QAbstractSpinBox>

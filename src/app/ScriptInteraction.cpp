@@ -1,6 +1,6 @@
-#include "ScriptInteraction.h"
+#include "app/ScriptInteraction.h"
 
-#include "ScriptLine.h"
+#include "app/ScriptLine.h"
 
 #include <cstdio>
 #include <utility>

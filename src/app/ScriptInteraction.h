@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Interaction.h"
+#include "core/Interaction.h"
 
 #include <deque>
 #include <functional>

@@ -1,4 +1,4 @@
-#include "ScriptLine.h"
+#include "app/ScriptLine.h"
 
 #include <utility>
 

@@ -1,11 +1,11 @@
-#include "ScriptRunner.h"
+#include "app/ScriptRunner.h"
 
-#include "Clock.h"
-#include "EntryChecks.h"
-#include "MainForm.h"
-#include "ScriptControls.h"
-#include "ScriptInteraction.h"
-#include "ScriptLine.h"
+#include "core/Clock.h"
+#include "core/EntryChecks.h"
+#include "app/MainForm.h"
+#include "app/ScriptControls.h"
+#include "app/ScriptInteraction.h"
+#include "app/ScriptLine.h"
 
 #include <QApplication>
 #include <QDialog>

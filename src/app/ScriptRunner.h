@@ -1,6 +1,6 @@
 #pragma once
 
-#include "StartForm.h"
+#include "app/StartForm.h"
 
 #include <memory>
 

@@ -1,13 +1,13 @@
-#include "StartForm.h"
+#include "app/StartForm.h"
 
-#include "AppPaths.h"
-#include "Interaction.h"
-#include "MainForm.h"
-#include "SampleData.h"
-#include "StartupChecks.h"
-#include "TipForm.h"
-#include "UnitOfWork.h"
-#include "WindowUtils.h"
+#include "app/AppPaths.h"
+#include "core/Interaction.h"
+#include "app/MainForm.h"
+#include "app/SampleData.h"
+#include "app/StartupChecks.h"
+#include "app/TipForm.h"
+#include "records/UnitOfWork.h"
+#include "app/WindowUtils.h"
 
 #include <QDir>
 #include <QGuiApplication>

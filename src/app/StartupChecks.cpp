@@ -1,4 +1,4 @@
-#include "StartupChecks.h"
+#include "app/StartupChecks.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
-#include "TipForm.h"
+#include "app/TipForm.h"
 
-#include "Clock.h"
+#include "core/Clock.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>

@@ -1,6 +1,6 @@
-#include "WindowUtils.h"
+#include "app/WindowUtils.h"
 
-#include "WindowPlacement.h"
+#include "app/WindowPlacement.h"
 
 #include <QScreen>
 #include <QWidget>

@@ -1,11 +1,11 @@
-#include "AppPaths.h"
-#include "Clock.h"
-#include "DesktopInteraction.h"
-#include "EntryChecks.h"
-#include "MainForm.h"
-#include "ScriptRunner.h"
-#include "StartForm.h"
-#include "UnitOfWork.h"
+#include "app/AppPaths.h"
+#include "core/Clock.h"
+#include "ui/DesktopInteraction.h"
+#include "core/EntryChecks.h"
+#include "app/MainForm.h"
+#include "app/ScriptRunner.h"
+#include "app/StartForm.h"
+#include "records/UnitOfWork.h"
 
 #include <QApplication>
 #include <QCommandLineParser>

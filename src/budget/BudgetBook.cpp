@@ -1,7 +1,7 @@
-#include "BudgetBook.h"
+#include "budget/BudgetBook.h"
 
-#include "AccountBook.h"
-#include "RecordFile.h"
+#include "accounts/AccountBook.h"
+#include "records/RecordFile.h"
 
 #include <utility>
 

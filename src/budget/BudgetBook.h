@@ -1,8 +1,8 @@
 #pragma once
 
-#include "BudgetRecord.h"
-#include "Currency.h"
-#include "DataFiles.h"
+#include "records/BudgetRecord.h"
+#include "records/Currency.h"
+#include "records/DataFiles.h"
 
 #include <QString>
 

@@ -1,8 +1,8 @@
-#include "BudgetCategories.h"
+#include "budget/BudgetCategories.h"
 
-#include "BudgetBook.h"
-#include "EntryChecks.h"
-#include "UnitOfWork.h"
+#include "budget/BudgetBook.h"
+#include "core/EntryChecks.h"
+#include "records/UnitOfWork.h"
 
 #include <utility>
 

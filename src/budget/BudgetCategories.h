@@ -1,7 +1,7 @@
 #pragma once
 
-#include "BudgetRecord.h"
-#include "DataFiles.h"
+#include "records/BudgetRecord.h"
+#include "records/DataFiles.h"
 
 #include <QString>
 

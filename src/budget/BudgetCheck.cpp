@@ -1,6 +1,6 @@
-#include "BudgetCheck.h"
+#include "budget/BudgetCheck.h"
 
-#include "BudgetBook.h"
+#include "budget/BudgetBook.h"
 
 #include <QStringList>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Currency.h"
-#include "DataFiles.h"
+#include "records/Currency.h"
+#include "records/DataFiles.h"
 
 #include <QString>
 

@@ -1,4 +1,4 @@
-#include "BudgetItemModel.h"
+#include "budget/BudgetItemModel.h"
 
 void BudgetItemModel::setRows(const BudgetCategories::ItemRows &rows)
 {

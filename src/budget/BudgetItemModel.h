@@ -1,6 +1,6 @@
 #pragma once
 
-#include "BudgetCategories.h"
+#include "budget/BudgetCategories.h"
 
 #include <QAbstractTableModel>
 

@@ -1,6 +1,6 @@
-#include "BudgetListModel.h"
+#include "budget/BudgetListModel.h"
 
-#include "BudgetBook.h"
+#include "budget/BudgetBook.h"
 
 #include <QColor>
 #include <QFont>

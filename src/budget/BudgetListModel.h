@@ -1,6 +1,6 @@
 #pragma once
 
-#include "BudgetRecord.h"
+#include "records/BudgetRecord.h"
 
 #include <QAbstractTableModel>
 #include <QSet>

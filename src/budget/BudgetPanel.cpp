@@ -1,11 +1,11 @@
-#include "BudgetPanel.h"
+#include "budget/BudgetPanel.h"
 
-#include "BudgetBook.h"
-#include "BudgetCategories.h"
-#include "BudgetItemModel.h"
-#include "BudgetListModel.h"
-#include "EntryChecks.h"
-#include "Interaction.h"
+#include "budget/BudgetBook.h"
+#include "budget/BudgetCategories.h"
+#include "budget/BudgetItemModel.h"
+#include "budget/BudgetListModel.h"
+#include "core/EntryChecks.h"
+#include "core/Interaction.h"
 
 #include <QAction>
 #include <QComboBox>

@@ -1,7 +1,7 @@
-#include "BudgetPosting.h"
+#include "budget/BudgetPosting.h"
 
-#include "BudgetRecord.h"
-#include "UnitOfWork.h"
+#include "records/BudgetRecord.h"
+#include "records/UnitOfWork.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "BudgetTransferModel.h"
+#include "budget/BudgetTransferModel.h"
 
 void BudgetTransferModel::setTransfers(std::vector<BudgetTransfers::Entry> transfers)
 {

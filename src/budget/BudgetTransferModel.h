@@ -1,6 +1,6 @@
 #pragma once
 
-#include "BudgetTransfers.h"
+#include "budget/BudgetTransfers.h"
 
 #include <QAbstractTableModel>
 

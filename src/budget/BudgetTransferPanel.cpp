@@ -1,14 +1,14 @@
-#include "BudgetTransferPanel.h"
+#include "budget/BudgetTransferPanel.h"
 
-#include "Named.h"
-#include "BudgetBook.h"
-#include "BudgetTransferModel.h"
-#include "BudgetTransfers.h"
-#include "Clock.h"
-#include "DateBox.h"
-#include "EntryChecks.h"
-#include "ErrorLabel.h"
-#include "Interaction.h"
+#include "ui/Named.h"
+#include "budget/BudgetBook.h"
+#include "budget/BudgetTransferModel.h"
+#include "budget/BudgetTransfers.h"
+#include "core/Clock.h"
+#include "ui/DateBox.h"
+#include "core/EntryChecks.h"
+#include "ui/ErrorLabel.h"
+#include "core/Interaction.h"
 
 #include <QAction>
 #include <QComboBox>

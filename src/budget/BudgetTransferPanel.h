@@ -1,7 +1,7 @@
 #pragma once
 
-#include "BudgetTransfers.h"
-#include "DataFiles.h"
+#include "budget/BudgetTransfers.h"
+#include "records/DataFiles.h"
 
 #include <QWidget>
 

@@ -1,10 +1,10 @@
-#include "BudgetTransfers.h"
+#include "budget/BudgetTransfers.h"
 
-#include "BudgetBook.h"
-#include "BudgetRecord.h"
-#include "EntryChecks.h"
-#include "RecordFile.h"
-#include "UnitOfWork.h"
+#include "budget/BudgetBook.h"
+#include "records/BudgetRecord.h"
+#include "core/EntryChecks.h"
+#include "records/RecordFile.h"
+#include "records/UnitOfWork.h"
 
 #include <algorithm>
 #include <utility>

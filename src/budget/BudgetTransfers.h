@@ -1,7 +1,7 @@
 #pragma once
 
-#include "BudgetTransRecord.h"
-#include "DataFiles.h"
+#include "records/BudgetTransRecord.h"
+#include "records/DataFiles.h"
 
 class UnitOfWork;
 

@@ -1,6 +1,6 @@
-#include "ArchiveRecord.h"
+#include "records/ArchiveRecord.h"
 
-#include "LittleEndian.h"
+#include "records/LittleEndian.h"
 
 using namespace LittleEndian;
 

@@ -1,6 +1,6 @@
-#include "BankAcctRecord.h"
+#include "records/BankAcctRecord.h"
 
-#include "LittleEndian.h"
+#include "records/LittleEndian.h"
 
 using namespace LittleEndian;
 

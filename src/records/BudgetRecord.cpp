@@ -1,6 +1,6 @@
-#include "BudgetRecord.h"
+#include "records/BudgetRecord.h"
 
-#include "LittleEndian.h"
+#include "records/LittleEndian.h"
 
 using namespace LittleEndian;
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Currency.h"
-#include "FixedText.h"
+#include "records/Currency.h"
+#include "records/FixedText.h"
 
 #include <array>
 #include <cstdint>

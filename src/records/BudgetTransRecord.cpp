@@ -1,6 +1,6 @@
-#include "BudgetTransRecord.h"
+#include "records/BudgetTransRecord.h"
 
-#include "LittleEndian.h"
+#include "records/LittleEndian.h"
 
 using namespace LittleEndian;
 

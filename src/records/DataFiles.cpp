@@ -1,4 +1,4 @@
-#include "DataFiles.h"
+#include "records/DataFiles.h"
 
 #include <utility>
 

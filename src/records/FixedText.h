@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Cp1252.h"
+#include "records/Cp1252.h"
 
 #include <QString>
 

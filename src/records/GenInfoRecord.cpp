@@ -1,6 +1,6 @@
-#include "GenInfoRecord.h"
+#include "records/GenInfoRecord.h"
 
-#include "LittleEndian.h"
+#include "records/LittleEndian.h"
 
 using namespace LittleEndian;
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Currency.h"
+#include "records/Currency.h"
 
 #include <cstdint>
 

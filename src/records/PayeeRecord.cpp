@@ -1,6 +1,6 @@
-#include "PayeeRecord.h"
+#include "records/PayeeRecord.h"
 
-#include "LittleEndian.h"
+#include "records/LittleEndian.h"
 
 using namespace LittleEndian;
 

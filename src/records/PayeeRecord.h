@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FixedText.h"
+#include "records/FixedText.h"
 
 #include <cstdint>
 

@@ -1,4 +1,4 @@
-#include "RawRecordFile.h"
+#include "records/RawRecordFile.h"
 
 #include <QFileInfo>
 

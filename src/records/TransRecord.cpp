@@ -1,6 +1,6 @@
-#include "TransRecord.h"
+#include "records/TransRecord.h"
 
-#include "LittleEndian.h"
+#include "records/LittleEndian.h"
 
 using namespace LittleEndian;
 

@@ -1,4 +1,4 @@
-#include "UnitOfWork.h"
+#include "records/UnitOfWork.h"
 
 #include <QDataStream>
 #include <QDir>

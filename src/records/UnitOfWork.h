@@ -1,6 +1,6 @@
 #pragma once
 
-#include "RawRecordFile.h"
+#include "records/RawRecordFile.h"
 
 #include <QByteArray>
 #include <QString>

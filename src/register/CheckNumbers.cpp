@@ -1,4 +1,4 @@
-#include "CheckNumbers.h"
+#include "register/CheckNumbers.h"
 
 #include <limits>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "TransRecord.h"
+#include "records/TransRecord.h"
 
 #include <QString>
 

@@ -1,9 +1,9 @@
-#include "EntryRow.h"
+#include "register/EntryRow.h"
 
-#include "Named.h"
-#include "CheckNumbers.h"
-#include "DateBox.h"
-#include "KeyFilter.h"
+#include "ui/Named.h"
+#include "register/CheckNumbers.h"
+#include "ui/DateBox.h"
+#include "ui/KeyFilter.h"
 
 #include <QComboBox>
 #include <QGridLayout>

@@ -1,9 +1,9 @@
-#include "EntryRules.h"
+#include "register/EntryRules.h"
 
-#include "CheckNumbers.h"
-#include "EntryChecks.h"
-#include "TransactionTemplate.h"
-#include "TransactionTypes.h"
+#include "register/CheckNumbers.h"
+#include "core/EntryChecks.h"
+#include "records/TransactionTemplate.h"
+#include "records/TransactionTypes.h"
 
 #include <limits>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "BankAcctRecord.h"
-#include "Currency.h"
-#include "TransRecord.h"
+#include "records/BankAcctRecord.h"
+#include "records/Currency.h"
+#include "records/TransRecord.h"
 
 #include <QDate>
 #include <QString>

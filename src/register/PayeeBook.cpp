@@ -1,8 +1,8 @@
-#include "PayeeBook.h"
+#include "register/PayeeBook.h"
 
-#include "PayeeRecord.h"
-#include "RecordFile.h"
-#include "UnitOfWork.h"
+#include "records/PayeeRecord.h"
+#include "records/RecordFile.h"
+#include "records/UnitOfWork.h"
 
 #include <QSet>
 

@@ -1,7 +1,7 @@
-#include "RegisterModel.h"
+#include "register/RegisterModel.h"
 
-#include "EntryChecks.h"
-#include "ViewRange.h"
+#include "core/EntryChecks.h"
+#include "register/ViewRange.h"
 
 #include <QBrush>
 #include <QColor>

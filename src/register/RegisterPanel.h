@@ -1,9 +1,9 @@
 #pragma once
 
-#include "BankAcctRecord.h"
-#include "DataFiles.h"
-#include "EntryRules.h"
-#include "TransRecord.h"
+#include "records/BankAcctRecord.h"
+#include "records/DataFiles.h"
+#include "register/EntryRules.h"
+#include "records/TransRecord.h"
 
 #include <QWidget>
 

@@ -1,11 +1,11 @@
-#include "RegisterService.h"
+#include "register/RegisterService.h"
 
-#include "AccountBook.h"
-#include "BudgetPosting.h"
-#include "CheckNumbers.h"
-#include "RecordFile.h"
-#include "TransactionTemplate.h"
-#include "UnitOfWork.h"
+#include "accounts/AccountBook.h"
+#include "budget/BudgetPosting.h"
+#include "register/CheckNumbers.h"
+#include "records/RecordFile.h"
+#include "records/TransactionTemplate.h"
+#include "records/UnitOfWork.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "BankAcctRecord.h"
-#include "DataFiles.h"
-#include "TransRecord.h"
+#include "records/BankAcctRecord.h"
+#include "records/DataFiles.h"
+#include "records/TransRecord.h"
 
 #include <QString>
 

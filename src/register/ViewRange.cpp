@@ -1,6 +1,6 @@
-#include "ViewRange.h"
+#include "register/ViewRange.h"
 
-#include "EntryChecks.h"
+#include "core/EntryChecks.h"
 
 namespace ViewRange {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Currency.h"
-#include "TransRecord.h"
+#include "records/Currency.h"
+#include "records/TransRecord.h"
 
 #include <QString>
 

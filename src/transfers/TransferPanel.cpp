@@ -1,15 +1,15 @@
-#include "TransferPanel.h"
+#include "transfers/TransferPanel.h"
 
-#include "Named.h"
-#include "AccountBook.h"
-#include "CheckNumbers.h"
-#include "Clock.h"
-#include "DateBox.h"
-#include "EntryChecks.h"
-#include "KeyFilter.h"
-#include "Interaction.h"
-#include "LinkedRecords.h"
-#include "RecordFile.h"
+#include "ui/Named.h"
+#include "accounts/AccountBook.h"
+#include "register/CheckNumbers.h"
+#include "core/Clock.h"
+#include "ui/DateBox.h"
+#include "core/EntryChecks.h"
+#include "ui/KeyFilter.h"
+#include "core/Interaction.h"
+#include "register/LinkedRecords.h"
+#include "records/RecordFile.h"
 
 #include <QComboBox>
 #include <QGridLayout>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "BankAcctRecord.h"
-#include "DataFiles.h"
-#include "TransRecord.h"
-#include "TransferService.h"
+#include "records/BankAcctRecord.h"
+#include "records/DataFiles.h"
+#include "records/TransRecord.h"
+#include "transfers/TransferService.h"
 
 #include <vector>
 

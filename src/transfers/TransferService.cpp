@@ -1,12 +1,12 @@
-#include "TransferService.h"
+#include "transfers/TransferService.h"
 
-#include "AccountBook.h"
-#include "CheckNumbers.h"
-#include "EntryChecks.h"
-#include "LinkedRecords.h"
-#include "RecordFile.h"
-#include "TransactionTemplate.h"
-#include "UnitOfWork.h"
+#include "accounts/AccountBook.h"
+#include "register/CheckNumbers.h"
+#include "core/EntryChecks.h"
+#include "register/LinkedRecords.h"
+#include "records/RecordFile.h"
+#include "records/TransactionTemplate.h"
+#include "records/UnitOfWork.h"
 
 #include <QFileInfo>
 

@@ -1,7 +1,7 @@
-#include "DateBox.h"
+#include "ui/DateBox.h"
 
-#include "Clock.h"
-#include "EntryChecks.h"
+#include "core/Clock.h"
+#include "core/EntryChecks.h"
 
 #include <QCalendarWidget>
 #include <QLineEdit>

@@ -1,6 +1,6 @@
-#include "DesktopInteraction.h"
+#include "ui/DesktopInteraction.h"
 
-#include "FundForm.h"
+#include "ui/FundForm.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,6 +1,6 @@
-#include "ErrorLabel.h"
+#include "ui/ErrorLabel.h"
 
-#include "Interaction.h"
+#include "core/Interaction.h"
 
 #include <QLabel>
 #include <QPointer>

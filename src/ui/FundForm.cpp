@@ -1,4 +1,4 @@
-#include "FundForm.h"
+#include "ui/FundForm.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,13 +1,13 @@
-#include "AccountBook.h"
-#include "AccountService.h"
-#include "ArchiveRecord.h"
-#include "BudgetRecord.h"
+#include "accounts/AccountBook.h"
+#include "accounts/AccountService.h"
+#include "records/ArchiveRecord.h"
+#include "records/BudgetRecord.h"
 #include "FolderSnapshot.h"
-#include "PayeeRecord.h"
-#include "RecordFile.h"
-#include "RegisterService.h"
-#include "TransRecord.h"
-#include "UnitOfWork.h"
+#include "records/PayeeRecord.h"
+#include "records/RecordFile.h"
+#include "register/RegisterService.h"
+#include "records/TransRecord.h"
+#include "records/UnitOfWork.h"
 
 #include <QTemporaryDir>
 #include <QtTest>

@@ -1,4 +1,4 @@
-#include "AccountSummary.h"
+#include "accounts/AccountSummary.h"
 
 #include <QtTest>
 

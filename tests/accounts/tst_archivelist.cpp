@@ -1,7 +1,7 @@
-#include "ArchiveList.h"
-#include "ArchiveRecord.h"
-#include "RecordFile.h"
-#include "UnitOfWork.h"
+#include "accounts/ArchiveList.h"
+#include "records/ArchiveRecord.h"
+#include "records/RecordFile.h"
+#include "records/UnitOfWork.h"
 
 #include <QTemporaryDir>
 #include <QtTest>

@@ -1,10 +1,10 @@
-#include "AccountBook.h"
-#include "AppPaths.h"
+#include "accounts/AccountBook.h"
+#include "app/AppPaths.h"
 #include "FolderSnapshot.h"
-#include "RecordFile.h"
-#include "SampleData.h"
-#include "StartupChecks.h"
-#include "TransRecord.h"
+#include "records/RecordFile.h"
+#include "app/SampleData.h"
+#include "app/StartupChecks.h"
+#include "records/TransRecord.h"
 
 #include <QTemporaryDir>
 #include <QtTest>

@@ -1,4 +1,4 @@
-#include "Currency.h"
+#include "records/Currency.h"
 
 #include <QtTest>
 

@@ -1,13 +1,13 @@
-#include "ArchiveRecord.h"
-#include "BankAcctRecord.h"
-#include "BudgetRecord.h"
-#include "BudgetTransRecord.h"
-#include "DataFiles.h"
+#include "records/ArchiveRecord.h"
+#include "records/BankAcctRecord.h"
+#include "records/BudgetRecord.h"
+#include "records/BudgetTransRecord.h"
+#include "records/DataFiles.h"
 #include "FolderSnapshot.h"
-#include "GenInfoRecord.h"
-#include "PayeeRecord.h"
-#include "RecordFile.h"
-#include "TransRecord.h"
+#include "records/GenInfoRecord.h"
+#include "records/PayeeRecord.h"
+#include "records/RecordFile.h"
+#include "records/TransRecord.h"
 
 #include <QTemporaryDir>
 #include <QtTest>

@@ -1,11 +1,11 @@
-#include "ArchiveRecord.h"
-#include "BankAcctRecord.h"
-#include "BudgetRecord.h"
+#include "records/ArchiveRecord.h"
+#include "records/BankAcctRecord.h"
+#include "records/BudgetRecord.h"
 #include "FolderSnapshot.h"
-#include "PayeeRecord.h"
-#include "RecordFile.h"
-#include "TransRecord.h"
-#include "UnitOfWork.h"
+#include "records/PayeeRecord.h"
+#include "records/RecordFile.h"
+#include "records/TransRecord.h"
+#include "records/UnitOfWork.h"
 
 #include <QTemporaryDir>
 #include <QtTest>

@@ -4,12 +4,12 @@
 
 #include "QuillmereRun.h"
 
-#include "BankAcctRecord.h"
-#include "BudgetRecord.h"
-#include "DataFiles.h"
-#include "RecordFile.h"
-#include "TransRecord.h"
-#include "UnitOfWork.h"
+#include "records/BankAcctRecord.h"
+#include "records/BudgetRecord.h"
+#include "records/DataFiles.h"
+#include "records/RecordFile.h"
+#include "records/TransRecord.h"
+#include "records/UnitOfWork.h"
 
 #include <QLockFile>
 #include <QTest>

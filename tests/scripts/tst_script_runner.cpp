@@ -1,10 +1,10 @@
 // The transcript the script runner prints, and how it reports script errors.
 
 #include "QuillmereRun.h"
-#include "ScriptControls.h"
-#include "ScriptInteraction.h"
-#include "ScriptLine.h"
-#include "ScriptRunner.h"
+#include "app/ScriptControls.h"
+#include "app/ScriptInteraction.h"
+#include "app/ScriptLine.h"
+#include "app/ScriptRunner.h"
 
 #include <QApplication>
 #include <QHeaderView>

@@ -1,5 +1,5 @@
-#include "EntryChecks.h"
-#include "TransactionTypes.h"
+#include "core/EntryChecks.h"
+#include "records/TransactionTypes.h"
 
 #include <QtTest>
 

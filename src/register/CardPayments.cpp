@@ -1,14 +1,14 @@
-#include "CardPayments.h"
+#include "register/CardPayments.h"
 
-#include "AccountBook.h"
-#include "BudgetBook.h"
-#include "BudgetPosting.h"
-#include "CheckNumbers.h"
-#include "EntryChecks.h"
-#include "LinkedRecords.h"
-#include "RecordFile.h"
-#include "TransactionTemplate.h"
-#include "UnitOfWork.h"
+#include "accounts/AccountBook.h"
+#include "budget/BudgetBook.h"
+#include "budget/BudgetPosting.h"
+#include "register/CheckNumbers.h"
+#include "core/EntryChecks.h"
+#include "register/LinkedRecords.h"
+#include "records/RecordFile.h"
+#include "records/TransactionTemplate.h"
+#include "records/UnitOfWork.h"
 
 #include <QFileInfo>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "TransRecord.h"
+#include "records/TransRecord.h"
 
 // Record texts shared by everything that writes transactions.
 namespace TransactionTemplate {

@@ -1,11 +1,11 @@
-#include "LinkedVoid.h"
+#include "register/LinkedVoid.h"
 
-#include "AccountBook.h"
-#include "BudgetPosting.h"
-#include "LinkedRecords.h"
-#include "RecordFile.h"
-#include "TransactionTemplate.h"
-#include "UnitOfWork.h"
+#include "accounts/AccountBook.h"
+#include "budget/BudgetPosting.h"
+#include "register/LinkedRecords.h"
+#include "records/RecordFile.h"
+#include "records/TransactionTemplate.h"
+#include "records/UnitOfWork.h"
 
 namespace {
 

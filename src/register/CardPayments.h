@@ -1,7 +1,7 @@
 #pragma once
 
-#include "DataFiles.h"
-#include "TransRecord.h"
+#include "records/DataFiles.h"
+#include "records/TransRecord.h"
 
 #include <QString>
 

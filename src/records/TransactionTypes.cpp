@@ -1,4 +1,4 @@
-#include "TransactionTypes.h"
+#include "records/TransactionTypes.h"
 
 #include <array>
 #include <utility>

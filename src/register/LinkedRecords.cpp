@@ -1,7 +1,7 @@
-#include "LinkedRecords.h"
+#include "register/LinkedRecords.h"
 
-#include "AccountBook.h"
-#include "RecordFile.h"
+#include "accounts/AccountBook.h"
+#include "records/RecordFile.h"
 
 #include <QFileInfo>
 
