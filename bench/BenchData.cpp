@@ -1,10 +1,10 @@
 #include "BenchData.h"
 
 #include "app/AppPaths.h"
+#include "core/EntryChecks.h"
 #include "records/BankAcctRecord.h"
 #include "records/BudgetRecord.h"
 #include "records/DataFiles.h"
-#include "core/EntryChecks.h"
 #include "records/TransRecord.h"
 #include "records/TransactionTemplate.h"
 #include "records/TransactionTypes.h"
@@ -44,32 +44,64 @@ struct Kind
 
 // What a household account sees, with the amounts each kind usually runs to.
 constexpr std::array<Kind, 10> BankSpending = {{
-    {"Debit Card", 4'50, 189'99},   {"Debit Card", 12'00, 240'00}, {"Check", 25'00, 1'450'00},
-    {"Auto Payment", 35'00, 420'00}, {"ATM Withdrawal", 20'00, 200'00}, {"Withdrawal", 40'00, 600'00},
-    {"Bank Fee", 2'50, 35'00},       {"Debit Card", 3'25, 64'00},   {"Check", 15'00, 300'00},
+    {"Debit Card", 4'50, 189'99},
+    {"Debit Card", 12'00, 240'00},
+    {"Check", 25'00, 1'450'00},
+    {"Auto Payment", 35'00, 420'00},
+    {"ATM Withdrawal", 20'00, 200'00},
+    {"Withdrawal", 40'00, 600'00},
+    {"Bank Fee", 2'50, 35'00},
+    {"Debit Card", 3'25, 64'00},
+    {"Check", 15'00, 300'00},
     {"Auto Payment", 9'99, 89'99},
 }};
 constexpr std::array<Kind, 4> BankIncome = {{
-    {"Direct Deposit", 1'200'00, 3'400'00}, {"Deposit", 50'00, 900'00},
-    {"ATM Deposit", 20'00, 400'00},         {"Interest Received", 35, 48'00},
+    {"Direct Deposit", 1'200'00, 3'400'00},
+    {"Deposit", 50'00, 900'00},
+    {"ATM Deposit", 20'00, 400'00},
+    {"Interest Received", 35, 48'00},
 }};
 constexpr std::array<Kind, 3> CardSpending = {{
-    {"Charge", 3'99, 480'00}, {"Charge", 18'00, 125'00}, {"Auto Charge", 9'99, 79'99},
+    {"Charge", 3'99, 480'00},
+    {"Charge", 18'00, 125'00},
+    {"Auto Charge", 9'99, 79'99},
 }};
 
 const char *const Payees[] = {
-    "Green Basket Grocery",       "City Power & Light",        "Maple Street Properties",
-    "Northwind Mobile",           "County Water District",     "Fuel Stop #1182",
-    "Corner Pharmacy",            "Dr. Alvarez Dental",        "Lakeside Youth Soccer",
-    "Bookshop on 5th",            "Hometown Department Store", "Riverside Hardware & Garden",
-    "Skyway Airlines",            "Harbor View Hotel",         "Sunrise Bakery",
-    "Pine Ridge Veterinary Clinic", "Metro Transit Pass",      "Blue Sky Internet",
-    "Valley Auto Insurance",      "St. Mark's Church",         "Main St ATM",
-    "Oak Lane Elementary PTA",    "Summit Fitness Club",       "Golden Dragon Restaurant",
+    "Green Basket Grocery",
+    "City Power & Light",
+    "Maple Street Properties",
+    "Northwind Mobile",
+    "County Water District",
+    "Fuel Stop #1182",
+    "Corner Pharmacy",
+    "Dr. Alvarez Dental",
+    "Lakeside Youth Soccer",
+    "Bookshop on 5th",
+    "Hometown Department Store",
+    "Riverside Hardware & Garden",
+    "Skyway Airlines",
+    "Harbor View Hotel",
+    "Sunrise Bakery",
+    "Pine Ridge Veterinary Clinic",
+    "Metro Transit Pass",
+    "Blue Sky Internet",
+    "Valley Auto Insurance",
+    "St. Mark's Church",
+    "Main St ATM",
+    "Oak Lane Elementary PTA",
+    "Summit Fitness Club",
+    "Golden Dragon Restaurant",
 };
 const char *const IncomePayees[] = {
-    "Riverside Clinic Payroll", "Transfer from paycheck", "Tax refund", "Interest",
-    "Birthday money",           "Garage sale",            "Dividend", "Expense reimbursement",
+    "Riverside Clinic Payroll",
+    "Transfer from paycheck",
+    "Tax refund",
+    "Interest",
+    "Birthday money",
+    "Garage sale",
+    "Dividend",
+    "Expense reimbursement",
 };
 const char *const Memos[] = {
     "",
@@ -111,8 +143,7 @@ const std::vector<FixedText<15>> &dayTexts()
     return days;
 }
 
-template<int N, std::size_t M>
-std::vector<FixedText<N>> texts(const char *const (&list)[M])
+template<int N, std::size_t M> std::vector<FixedText<N>> texts(const char *const (&list)[M])
 {
     std::vector<FixedText<N>> v;
     for (const char *s : list)
@@ -128,12 +159,12 @@ struct Account
 
 // Card names are also budget category names, so they stay within 20 characters.
 constexpr std::array<Account, BenchData::AccountCount> Accounts = {{
-    {"Main Street Checking", 0},   {"Household Bills Checking", 0}, {"Payroll Checking", 0},
-    {"Kids Allowance Checking", 0}, {"Harbor Bank Checking", 0},    {"Old Town Checking", 0},
-    {"Online Checking", 0},         {"Side Business Checking", 0},  {"Vacation Checking", 0},
-    {"Grandma Care Checking", 0},   {"Emergency Savings", 1},       {"College Fund Savings", 1},
-    {"Holiday Club Savings", 1},    {"Retirement Money Market", 2}, {"Lakeshore Money Market", 2},
-    {"House Fund Money Market", 2}, {"Blue Rewards Visa", 3},       {"Gas Station Card", 3},
+    {"Main Street Checking", 0},    {"Household Bills Checking", 0}, {"Payroll Checking", 0},
+    {"Kids Allowance Checking", 0}, {"Harbor Bank Checking", 0},     {"Old Town Checking", 0},
+    {"Online Checking", 0},         {"Side Business Checking", 0},   {"Vacation Checking", 0},
+    {"Grandma Care Checking", 0},   {"Emergency Savings", 1},        {"College Fund Savings", 1},
+    {"Holiday Club Savings", 1},    {"Retirement Money Market", 2},  {"Lakeshore Money Market", 2},
+    {"House Fund Money Market", 2}, {"Blue Rewards Visa", 3},        {"Gas Station Card", 3},
     {"Cash Back Mastercard", 3},    {"Outdoor Store Card", 3},
 }};
 constexpr std::array<const char *, 4> KindCodes = {"CH", "SV", "MM", "CC"};
@@ -156,8 +187,8 @@ QString scratchDir()
     return dir.path();
 }
 
-Register makeRegister(int records, std::uint32_t variant, const QString &accountName, bool card, int bankNum,
-                      int budNum)
+Register makeRegister(int records, std::uint32_t variant, const QString &accountName, bool card,
+                      int bankNum, int budNum)
 {
     static const auto payees = texts<70>(Payees);
     static const auto incomePayees = texts<70>(IncomePayees);
@@ -205,11 +236,13 @@ Register makeRegister(int records, std::uint32_t variant, const QString &account
         if (card) {
             // Charges until the card owes a good deal, then a payment.
             income = balance < Currency::fromUnits(-6'000) || dice.below(9) == 0;
-            kind = income ? Kind{"Credit", 25'00, 2'500'00} : CardSpending[dice.below(CardSpending.size())];
+            kind = income ? Kind{"Credit", 25'00, 2'500'00}
+                          : CardSpending[dice.below(CardSpending.size())];
         } else {
             // Money comes in when it runs low, and now and then anyway.
             income = balance < Currency::fromUnits(800) || dice.below(6) == 0;
-            kind = income ? BankIncome[dice.below(BankIncome.size())] : BankSpending[dice.below(BankSpending.size())];
+            kind = income ? BankIncome[dice.below(BankIncome.size())]
+                          : BankSpending[dice.below(BankSpending.size())];
         }
         const QString type = QString::fromLatin1(kind.type);
         t.TypeNum = static_cast<std::int16_t>(TransactionTypes::typeNum(type));
@@ -227,9 +260,11 @@ Register makeRegister(int records, std::uint32_t variant, const QString &account
             t.Status = TransactionTemplate::Open;
             t.DateClear = FixedText<15>();
         }
-        t.Description = income ? incomePayees[dice.below(incomePayees.size())] : payees[dice.below(payees.size())];
+        t.Description = income ? incomePayees[dice.below(incomePayees.size())]
+                               : payees[dice.below(payees.size())];
         t.Memo = memos[dice.below(memos.size())];
-        t.Amount = TransactionTypes::signedAmount(t.TypeNum, Currency::fromCents(dice.cents(kind.lowCents, kind.highCents)));
+        t.Amount = TransactionTypes::signedAmount(
+            t.TypeNum, Currency::fromCents(dice.cents(kind.lowCents, kind.highCents)));
         balance += t.Amount;
         t.encode(dst + qsizetype(n - 1) * TransRecord::Size);
     }
@@ -241,7 +276,9 @@ QString fullRegisterFile()
 {
     static const QString path = [] {
         const QString p = scratchDir() + QStringLiteral("/trans Main Street Checking.Dat");
-        writeFile(p, makeRegister(FullRegister, 7, QStringLiteral("Main Street Checking"), false, 1, 0).bytes);
+        writeFile(p,
+                  makeRegister(FullRegister, 7, QStringLiteral("Main Street Checking"), false, 1, 0)
+                      .bytes);
         return p;
     }();
     return path;
@@ -275,8 +312,8 @@ QString twentyAccountsAppFolder()
                 budget.append(QByteArray(BudgetRecord::Size, '\0'));
                 cat.encode(budget.data() + budget.size() - BudgetRecord::Size);
             }
-            const Register reg = makeRegister(FullRegister, 1000 + std::uint32_t(i), name, card, bankNum,
-                                              card ? budNum : 0);
+            const Register reg = makeRegister(FullRegister, 1000 + std::uint32_t(i), name, card,
+                                              bankNum, card ? budNum : 0);
             writeFile(files.registerFile(name), reg.bytes);
 
             BankAcctRecord acct;

@@ -35,8 +35,8 @@ void BM_DecodeRegister(benchmark::State &state)
     const QString path = BenchData::fullRegisterFile();
     // What was written must be what is decoded, or the figure means nothing.
     {
-        const BenchData::Register expected =
-            BenchData::makeRegister(BenchData::FullRegister, 7, QStringLiteral("Main Street Checking"), false, 1, 0);
+        const BenchData::Register expected = BenchData::makeRegister(
+            BenchData::FullRegister, 7, QStringLiteral("Main Street Checking"), false, 1, 0);
         const std::vector<TransRecord> records = RecordFile<TransRecord>(path).readAll();
         Currency sum;
         bool numbered = records.size() == std::size_t(BenchData::FullRegister);
@@ -64,5 +64,11 @@ void BM_DecodeRegister(benchmark::State &state)
 
 } // namespace
 
-BENCHMARK(BM_ReadRegisterBytes)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly(true);
-BENCHMARK(BM_DecodeRegister)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly(true);
+BENCHMARK(BM_ReadRegisterBytes)
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(5)
+    ->ReportAggregatesOnly(true);
+BENCHMARK(BM_DecodeRegister)
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(5)
+    ->ReportAggregatesOnly(true);

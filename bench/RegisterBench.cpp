@@ -4,14 +4,14 @@
 
 #include "BenchData.h"
 
+#include "SilentInteraction.h"
+#include "core/EntryChecks.h"
 #include "records/BankAcctRecord.h"
 #include "records/DataFiles.h"
-#include "core/EntryChecks.h"
 #include "records/RawRecordFile.h"
+#include "records/TransRecord.h"
 #include "register/RegisterModel.h"
 #include "register/RegisterPanel.h"
-#include "SilentInteraction.h"
-#include "records/TransRecord.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -53,7 +53,8 @@ struct OneAccount
 OneAccount oneAccount(const QString &folder, int records)
 {
     const QString name = QStringLiteral("Main Street Checking");
-    const QString data = BenchData::scratchDir() + QLatin1Char('/') + folder + QStringLiteral("/Data");
+    const QString data
+        = BenchData::scratchDir() + QLatin1Char('/') + folder + QStringLiteral("/Data");
     QDir().mkpath(data);
     OneAccount out;
     out.files = DataFiles(data, false);
@@ -85,9 +86,10 @@ bool restore(const OneAccount &data, int records)
 {
     QFile reg(data.registerPath);
     QFile list(data.files.accountList());
-    const bool ok = reg.open(QIODevice::ReadWrite) && reg.resize(qint64(records) * TransRecord::Size)
-                    && list.open(QIODevice::ReadWrite) && list.write(data.accountBytes) == data.accountBytes.size()
-                    && list.flush();
+    const bool ok = reg.open(QIODevice::ReadWrite)
+                    && reg.resize(qint64(records) * TransRecord::Size)
+                    && list.open(QIODevice::ReadWrite)
+                    && list.write(data.accountBytes) == data.accountBytes.size() && list.flush();
     return ok && ::fsync(reg.handle()) == 0 && ::fsync(list.handle()) == 0;
 }
 
@@ -188,14 +190,16 @@ void BM_FillRegisterGrid(benchmark::State &state)
             const int top = shown.topRow();
             if (panel.model()->shownCount() != BenchData::FullRegister || top < 0 || top > last
                 || last - top > 40) {
-                const std::string why = "the grid lists " + std::to_string(panel.model()->shownCount())
-                                        + " records with row " + std::to_string(top) + " at the top";
+                const std::string why
+                    = "the grid lists " + std::to_string(panel.model()->shownCount())
+                      + " records with row " + std::to_string(top) + " at the top";
                 state.SkipWithError(why.c_str());
                 break;
             }
         }
         if (shown.ui.messages > 0) {
-            state.SkipWithError(("the register said: " + shown.ui.lastMessage.toStdString()).c_str());
+            state.SkipWithError(
+                ("the register said: " + shown.ui.lastMessage.toStdString()).c_str());
             break;
         }
     }
@@ -218,7 +222,8 @@ void BM_EnterOnFullRegister(benchmark::State &state)
     const QString amountText = QStringLiteral("42.17");
     const Currency withdrawn = Currency::fromCents(42'17);
     if (data.account.Balance < Currency::fromUnits(1'000)) {
-        state.SkipWithError("the register's balance is too small for a withdrawal without a warning");
+        state.SkipWithError(
+            "the register's balance is too small for a withdrawal without a warning");
         return;
     }
     ShownPanel shown;
@@ -231,10 +236,14 @@ void BM_EnterOnFullRegister(benchmark::State &state)
     auto *date = qobject_cast<QComboBox *>(panel.findChild<QWidget *>(QStringLiteral("cmbDate")));
     auto *payee = qobject_cast<QComboBox *>(panel.findChild<QWidget *>(QStringLiteral("cmbDesc")));
     auto *amount = qobject_cast<QLineEdit *>(panel.findChild<QWidget *>(QStringLiteral("cmbamt")));
-    auto *category = qobject_cast<QComboBox *>(panel.findChild<QWidget *>(QStringLiteral("cmbBudItems")));
-    auto *card = qobject_cast<QComboBox *>(panel.findChild<QWidget *>(QStringLiteral("cmbCreditCards")));
-    auto *enter = qobject_cast<QPushButton *>(panel.findChild<QWidget *>(QStringLiteral("cmdEnterTrans")));
-    auto *error = qobject_cast<QLabel *>(panel.findChild<QWidget *>(QStringLiteral("lblTranserror")));
+    auto *category
+        = qobject_cast<QComboBox *>(panel.findChild<QWidget *>(QStringLiteral("cmbBudItems")));
+    auto *card
+        = qobject_cast<QComboBox *>(panel.findChild<QWidget *>(QStringLiteral("cmbCreditCards")));
+    auto *enter
+        = qobject_cast<QPushButton *>(panel.findChild<QWidget *>(QStringLiteral("cmdEnterTrans")));
+    auto *error
+        = qobject_cast<QLabel *>(panel.findChild<QWidget *>(QStringLiteral("lblTranserror")));
     if (!type || !date || !payee || !amount || !category || !card || !enter || !error) {
         state.SkipWithError("the entry row's controls were not found");
         return;
@@ -269,9 +278,10 @@ void BM_EnterOnFullRegister(benchmark::State &state)
             || count != BenchData::FullRegister || model->shownCount() != BenchData::FullRegister
             || model->records().back().Amount != -withdrawn
             || panel.account().Balance != data.account.Balance - withdrawn) {
-            const std::string why = "Enter left " + std::to_string(count) + " records ("
-                                    + std::to_string(model->shownCount()) + " listed); said: "
-                                    + (shown.ui.messages > 0 ? shown.ui.lastMessage : error->text()).toStdString();
+            const std::string why
+                = "Enter left " + std::to_string(count) + " records ("
+                  + std::to_string(model->shownCount()) + " listed); said: "
+                  + (shown.ui.messages > 0 ? shown.ui.lastMessage : error->text()).toStdString();
             state.SkipWithError(why.c_str());
             break;
         }
@@ -288,8 +298,8 @@ void BM_EnterOnFullRegister(benchmark::State &state)
     addCounter(state, "enter_ms", enterMs);
     addCounter(state, "paint_ms", paintMs);
     if (direct > 0)
-        BenchData::note("one Enter: the event loop did not paint the grid in " + std::to_string(direct)
-                        + " iterations; it was painted directly");
+        BenchData::note("one Enter: the event loop did not paint the grid in "
+                        + std::to_string(direct) + " iterations; it was painted directly");
 }
 
 } // namespace

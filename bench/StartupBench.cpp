@@ -3,11 +3,11 @@
 
 #include "BenchData.h"
 
-#include "accounts/AccountService.h"
-#include "records/DataFiles.h"
-#include "app/MainForm.h"
 #include "SilentInteraction.h"
+#include "accounts/AccountService.h"
+#include "app/MainForm.h"
 #include "app/StartForm.h"
+#include "records/DataFiles.h"
 
 #include <QApplication>
 #include <QDir>
@@ -103,8 +103,9 @@ void BM_StartupTwentyFullAccounts(benchmark::State &state)
         state.SetIterationTime(std::chrono::duration<double>(Clock::now() - t0).count());
         closeDown(form);
         if (!shown || ui.messages > 0) {
-            const std::string why = ui.messages > 0 ? "start-up said: " + ui.lastMessage.toStdString()
-                                                    : std::string("the main window was not shown");
+            const std::string why = ui.messages > 0
+                                        ? "start-up said: " + ui.lastMessage.toStdString()
+                                        : std::string("the main window was not shown");
             state.SkipWithError(why.c_str());
             break;
         }

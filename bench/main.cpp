@@ -30,10 +30,14 @@ struct Figures
 const char *unitName(benchmark::TimeUnit unit)
 {
     switch (unit) {
-    case benchmark::kNanosecond: return "ns";
-    case benchmark::kMicrosecond: return "us";
-    case benchmark::kMillisecond: return "ms";
-    case benchmark::kSecond: return "s";
+    case benchmark::kNanosecond:
+        return "ns";
+    case benchmark::kMicrosecond:
+        return "us";
+    case benchmark::kMillisecond:
+        return "ms";
+    case benchmark::kSecond:
+        return "s";
     }
     return "";
 }
@@ -91,30 +95,35 @@ int printTargets(const std::map<std::string, Figures> &figures)
     if (read != figures.end() && decode != figures.end() && read->second.medianBytesPerSecond > 0
         && decode->second.medianBytesPerSecond > 0) {
         const double mb = 1024.0 * 1024.0;
-        const double ratio = decode->second.medianBytesPerSecond / read->second.medianBytesPerSecond;
-        std::printf("  read a full register:   %8.1f MiB/s (median)\n", read->second.medianBytesPerSecond / mb);
+        const double ratio
+            = decode->second.medianBytesPerSecond / read->second.medianBytesPerSecond;
+        std::printf("  read a full register:   %8.1f MiB/s (median)\n",
+                    read->second.medianBytesPerSecond / mb);
         std::printf("  decode a full register: %8.1f MiB/s (median, read included)\n",
                     decode->second.medianBytesPerSecond / mb);
-        std::printf("  decode/read throughput ratio: %.2f (target >= 0.5: decoding at least half as fast "
-                    "as the read): %s\n",
-                    ratio, verdict(ratio >= 0.5));
+        std::printf(
+            "  decode/read throughput ratio: %.2f (target >= 0.5: decoding at least half as fast "
+            "as the read): %s\n",
+            ratio, verdict(ratio >= 0.5));
     }
 
     const auto start = figures.find("BM_StartupTwentyFullAccounts");
     if (start != figures.end() && start->second.medianTime >= 0) {
         const Figures &f = start->second;
-        std::printf("  start-up to the shown main window, 20 accounts x 32,767 records: median %.1f %s, "
-                    "mean %.1f %s (target < 300 ms): %s\n",
-                    f.medianTime, f.unit.c_str(), f.meanTime, f.unit.c_str(),
-                    verdict(f.unit == "ms" && f.medianTime < 300.0));
+        std::printf(
+            "  start-up to the shown main window, 20 accounts x 32,767 records: median %.1f %s, "
+            "mean %.1f %s (target < 300 ms): %s\n",
+            f.medianTime, f.unit.c_str(), f.meanTime, f.unit.c_str(),
+            verdict(f.unit == "ms" && f.medianTime < 300.0));
     }
 
     const auto add = figures.find("BM_AddAccount");
     if (add != figures.end() && add->second.medianTime >= 0) {
         const Figures &f = add->second;
-        std::printf("  add one account (one unit of work, synced to disk): median %.2f %s, mean %.2f %s "
-                    "(no target; the cost of a durable write)\n",
-                    f.medianTime, f.unit.c_str(), f.meanTime, f.unit.c_str());
+        std::printf(
+            "  add one account (one unit of work, synced to disk): median %.2f %s, mean %.2f %s "
+            "(no target; the cost of a durable write)\n",
+            f.medianTime, f.unit.c_str(), f.meanTime, f.unit.c_str());
     }
 
     // A counter's median, or -1 when the benchmark did not keep it.
@@ -126,23 +135,27 @@ int printTargets(const std::map<std::string, Figures> &figures)
     const auto fill = figures.find("BM_FillRegisterGrid");
     if (fill != figures.end() && fill->second.medianTime >= 0) {
         const Figures &f = fill->second;
-        std::printf("  list a full register (32,767 records) again, up to its visible rows painted: median %.1f %s, "
+        std::printf("  list a full register (32,767 records) again, up to its visible rows "
+                    "painted: median %.1f %s, "
                     "mean %.1f %s (target < 30 ms): %s\n",
                     f.medianTime, f.unit.c_str(), f.meanTime, f.unit.c_str(),
                     verdict(f.unit == "ms" && f.medianTime < 30.0));
-        std::printf("      of which FillRegisterGrid (read, decode, balances, model reset) %.1f ms, "
-                    "layout and paint %.1f ms (medians)\n",
-                    part(f, "fill_ms"), part(f, "paint_ms"));
+        std::printf(
+            "      of which FillRegisterGrid (read, decode, balances, model reset) %.1f ms, "
+            "layout and paint %.1f ms (medians)\n",
+            part(f, "fill_ms"), part(f, "paint_ms"));
     }
 
     const auto enter = figures.find("BM_EnterOnFullRegister");
     if (enter != figures.end() && enter->second.medianTime >= 0) {
         const Figures &f = enter->second;
-        std::printf("  one Enter that fills the register (validation, durable write, balance, refresh, paint): "
+        std::printf("  one Enter that fills the register (validation, durable write, balance, "
+                    "refresh, paint): "
                     "median %.1f %s, mean %.1f %s (target < 30 ms): %s\n",
                     f.medianTime, f.unit.c_str(), f.meanTime, f.unit.c_str(),
                     verdict(f.unit == "ms" && f.medianTime < 30.0));
-        std::printf("      of which the click up to the refreshed grid %.1f ms (its unit of work syncs to disk: "
+        std::printf("      of which the click up to the refreshed grid %.1f ms (its unit of work "
+                    "syncs to disk: "
                     "see add one account above), layout and paint %.1f ms (medians)\n",
                     part(f, "enter_ms"), part(f, "paint_ms"));
     }

@@ -1,11 +1,11 @@
 #include "accounts/AccountEditor.h"
 
 #include "accounts/AccountBook.h"
-#include "records/AccountKinds.h"
 #include "accounts/AccountService.h"
 #include "core/Clock.h"
-#include "ui/ErrorLabel.h"
 #include "core/Interaction.h"
+#include "records/AccountKinds.h"
+#include "ui/ErrorLabel.h"
 
 #include <QComboBox>
 #include <QFormLayout>
@@ -82,7 +82,8 @@ void AccountEditor::buildEditor()
     form->addRow(buttons);
 
     connect(m_kind, &QComboBox::currentIndexChanged, this, &AccountEditor::onKindChanged);
-    connect(m_balanceType, &QComboBox::currentIndexChanged, this, &AccountEditor::onBalanceTypeChanged);
+    connect(m_balanceType, &QComboBox::currentIndexChanged, this,
+            &AccountEditor::onBalanceTypeChanged);
     connect(m_enter, &QPushButton::clicked, this, &AccountEditor::onEnter);
     connect(m_rename, &QPushButton::clicked, this, &AccountEditor::onRename);
     connect(m_name, &QLineEdit::returnPressed, this, &AccountEditor::onEnter);

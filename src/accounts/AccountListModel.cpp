@@ -47,7 +47,8 @@ QVariant AccountListModel::data(const QModelIndex &index, int role) const
     case Qt::ForegroundRole:
         // Colour value 255 is pure red (the value is blue-green-red).
         if (row.heading)
-            return QColor(HeadingColour & 0xFF, (HeadingColour >> 8) & 0xFF, (HeadingColour >> 16) & 0xFF);
+            return QColor(HeadingColour & 0xFF, (HeadingColour >> 8) & 0xFF,
+                          (HeadingColour >> 16) & 0xFF);
         if (index.column() == 1 && row.balance.startsWith(QLatin1Char('(')))
             return QColor(0xB0, 0x1E, 0x1E);
         return {};
@@ -71,7 +72,8 @@ QVariant AccountListModel::headerData(int section, Qt::Orientation orientation, 
     if (role == Qt::DisplayRole)
         return section == 0 ? QStringLiteral("Bank Account") : QStringLiteral("Balance");
     if (role == Qt::TextAlignmentRole)
-        return section == 0 ? QVariant(Qt::AlignLeft | Qt::AlignVCenter) : QVariant(Qt::AlignCenter);
+        return section == 0 ? QVariant(Qt::AlignLeft | Qt::AlignVCenter)
+                            : QVariant(Qt::AlignCenter);
     return {};
 }
 
@@ -79,5 +81,6 @@ Qt::ItemFlags AccountListModel::flags(const QModelIndex &index) const
 {
     if (!index.isValid())
         return Qt::NoItemFlags;
-    return bankNumAt(index.row()) != 0 ? Qt::ItemIsEnabled | Qt::ItemIsSelectable : Qt::ItemIsEnabled;
+    return bankNumAt(index.row()) != 0 ? Qt::ItemIsEnabled | Qt::ItemIsSelectable
+                                       : Qt::ItemIsEnabled;
 }

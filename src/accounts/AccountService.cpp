@@ -1,11 +1,11 @@
 #include "accounts/AccountService.h"
 
 #include "accounts/AccountBook.h"
-#include "records/AccountKinds.h"
 #include "accounts/AccountNames.h"
+#include "core/EntryChecks.h"
+#include "records/AccountKinds.h"
 #include "records/ArchiveRecord.h"
 #include "records/BudgetRecord.h"
-#include "core/EntryChecks.h"
 #include "records/PayeeRecord.h"
 #include "records/RecordFile.h"
 #include "records/TransactionTemplate.h"
@@ -22,7 +22,8 @@ bool AccountService::nameInUse(const QString &name, int exceptBankNum) const
 {
     // "Deleted" marks a removed record, and the register of an account called
     // "Budget" would be the budget-transfer file "trans Budget.Dat".
-    if (AccountNames::same(name, QStringLiteral("Deleted")) || AccountNames::same(name, QStringLiteral("Budget")))
+    if (AccountNames::same(name, QStringLiteral("Deleted"))
+        || AccountNames::same(name, QStringLiteral("Budget")))
         return true;
     for (const DataFiles &set : {m_files, m_files.other()}) {
         RecordFile<BankAcctRecord> accounts(set.accountList());
@@ -42,7 +43,8 @@ bool AccountService::nameInUse(const QString &name, int exceptBankNum) const
     const QString arch = QFileInfo(m_files.archivedRegisterFile(name)).fileName();
     QString own;
     if (exceptBankNum > 0)
-        own = QFileInfo(m_files.registerFile(AccountBook(m_files).read(exceptBankNum).BankName.text()))
+        own = QFileInfo(
+                  m_files.registerFile(AccountBook(m_files).read(exceptBankNum).BankName.text()))
                   .fileName();
     const QStringList present = QDir(m_files.dataDir()).entryList(QDir::Files);
     for (const QString &f : present) {
@@ -78,7 +80,8 @@ AccountService::Result AccountService::add(const NewAccount &account)
     if (!amount)
         return refuse(QStringLiteral("The Starting Balance must be a number"));
     if (amount->isNegative())
-        return refuse(QStringLiteral("Enter the Starting Balance without a sign and choose Debit or Credit"));
+        return refuse(
+            QStringLiteral("Enter the Starting Balance without a sign and choose Debit or Credit"));
     if (exceedsMaxAmount(*amount))
         return refuse(EntryChecks::MaxAmountText);
     const Currency signedAmount = account.debit ? -*amount : *amount;
@@ -184,7 +187,8 @@ AccountService::Result AccountService::rename(int bankNum, const QString &newNam
     RecordFile<BudgetRecord> budget(m_files.budget());
     const std::vector<BudgetRecord> cats = budget.readAll();
     for (std::size_t i = 0; i < cats.size(); ++i) {
-        if (!cats[i].isDeleted() && cats[i].CCBankRecnum == bankNum && cats[i].CCBankName.is(oldName)) {
+        if (!cats[i].isDeleted() && cats[i].CCBankRecnum == bankNum
+            && cats[i].CCBankName.is(oldName)) {
             BudgetRecord c = cats[i];
             c.BudName = name;
             c.CCBankName = name;

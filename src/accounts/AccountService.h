@@ -13,12 +13,12 @@ class AccountService
 public:
     struct NewAccount
     {
-        int kind = 0;               // 0 "CH", 1 "SV", 2 "MM", 3 "CC"
+        int kind = 0; // 0 "CH", 1 "SV", 2 "MM", 3 "CC"
         QString name;
-        bool lastStatement = true;  // balance type: last statement or initial deposit
-        QString startBalance;       // as typed, without sign
-        bool debit = false;         // sign of the opening entry: debit stores it negative
-        QDate date;                 // date of the opening entry
+        bool lastStatement = true; // balance type: last statement or initial deposit
+        QString startBalance;      // as typed, without sign
+        bool debit = false;        // sign of the opening entry: debit stores it negative
+        QDate date;                // date of the opening entry
     };
 
     struct Result

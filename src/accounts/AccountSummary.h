@@ -14,13 +14,13 @@ struct AccountSummary
     struct Row
     {
         QString name;
-        QString balance;    // "currency", empty on headings and blank rows
+        QString balance; // "currency", empty on headings and blank rows
         bool heading = false;
-        int bankNum = 0;    // 0 on headings and blank rows
+        int bankNum = 0; // 0 on headings and blank rows
     };
 
-    std::vector<Row> rows;   // used rows, without the header
-    int gridRows = 10;       // rows of the grid, header and blank rows included
+    std::vector<Row> rows; // used rows, without the header
+    int gridRows = 10;     // rows of the grid, header and blank rows included
     Currency bankTotal;
     Currency creditCardTotal;
 

@@ -81,8 +81,9 @@ void AccountsPanel::ShowAcctsForm()
     const auto accounts = AccountBook(m_files).readAll();
     if (!accounts) {
         // 75: the file could not be read.
-        m_interaction.message(QStringLiteral("Unexpected error in procedure: ShowAcctsForm\nError # 75"),
-                              QStringLiteral("Quillmere"), Interaction::Icon::Critical);
+        m_interaction.message(
+            QStringLiteral("Unexpected error in procedure: ShowAcctsForm\nError # 75"),
+            QStringLiteral("Quillmere"), Interaction::Icon::Critical);
         return;
     }
     m_model->setSummary(AccountSummary::build(*accounts));
@@ -103,4 +104,3 @@ void AccountsPanel::setCurrentAccount(int bankNum)
     else
         m_grid->clearSelection();
 }
-

@@ -38,5 +38,4 @@ private:
     QLabel *m_ccTotal;
     QLabel *m_ccCaption;
     QLabel *m_netTotal;
-
 };

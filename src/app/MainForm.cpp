@@ -3,13 +3,13 @@
 #include "accounts/AccountBook.h"
 #include "accounts/AccountEditor.h"
 #include "accounts/AccountsPanel.h"
+#include "app/GeneralSettings.h"
+#include "app/WindowUtils.h"
 #include "budget/BudgetPanel.h"
 #include "budget/BudgetTransferPanel.h"
-#include "app/GeneralSettings.h"
 #include "core/Interaction.h"
 #include "register/RegisterPanel.h"
 #include "transfers/TransferPanel.h"
-#include "app/WindowUtils.h"
 
 #include <QComboBox>
 #include <QFrame>
@@ -103,22 +103,27 @@ QWidget *MainForm::buildTitleBar()
 
     m_period = new QComboBox(bar);
     m_period->setObjectName(QStringLiteral("cmbPeriod"));
-    m_period->addItems({QStringLiteral("Monthly"), QStringLiteral("Bi-Monthly"), QStringLiteral("Weekly")});
+    m_period->addItems(
+        {QStringLiteral("Monthly"), QStringLiteral("Bi-Monthly"), QStringLiteral("Weekly")});
     connect(m_period, &QComboBox::activated, this, [this](int index) {
-        (m_sample ? m_settings.SamplePeriodIndex : m_settings.PeriodIndex) = static_cast<std::int16_t>(index);
+        (m_sample ? m_settings.SamplePeriodIndex : m_settings.PeriodIndex)
+            = static_cast<std::int16_t>(index);
         saveSettings();
         m_budgetTransfers->setPeriodName(m_period->itemText(index));
     });
 
-    m_sampleButton = titleButton(QStringLiteral("Sample Accts"), QStringLiteral("cmdSampleMode"), bar);
+    m_sampleButton
+        = titleButton(QStringLiteral("Sample Accts"), QStringLiteral("cmdSampleMode"), bar);
     connect(m_sampleButton, &QPushButton::clicked, this, &MainForm::switchDataSet);
     m_helpButton = titleButton(QStringLiteral("Show Help"), QStringLiteral("cmdHC"), bar);
-    connect(m_helpButton, &QPushButton::clicked, this, [this] { setHelpShown(m_settings.HelpShown == 0); });
+    connect(m_helpButton, &QPushButton::clicked, this,
+            [this] { setHelpShown(m_settings.HelpShown == 0); });
 
     auto *minimise = titleButton(QStringLiteral("_"), QStringLiteral("cmdMin"), bar);
     connect(minimise, &QPushButton::clicked, this, &QWidget::showMinimized);
     auto *maximise = titleButton(QStringLiteral("\u25A1"), QStringLiteral("cmdMax"), bar);
-    connect(maximise, &QPushButton::clicked, this, [this] { isMaximized() ? showNormal() : showMaximized(); });
+    connect(maximise, &QPushButton::clicked, this,
+            [this] { isMaximized() ? showNormal() : showMaximized(); });
     auto *close = titleButton(QStringLiteral("\u2715"), QStringLiteral("cmdExit"), bar);
     connect(close, &QPushButton::clicked, this, &QWidget::close);
 
@@ -189,13 +194,14 @@ QWidget *MainForm::buildWorkArea()
         m_budget->RefreshBudgetList();
     });
     // A transfer picked in the register is changed on the transfer panel.
-    connect(m_register, &RegisterPanel::transferChangeRequested, this, [this](int bankNum, int record) {
-        const QString problem = m_transfers->loadForChange(bankNum, record);
-        if (problem.isEmpty())
-            showPanel(QStringLiteral("transfer"));
-        else
-            m_register->showNotice(problem);
-    });
+    connect(m_register, &RegisterPanel::transferChangeRequested, this,
+            [this](int bankNum, int record) {
+                const QString problem = m_transfers->loadForChange(bankNum, record);
+                if (problem.isEmpty())
+                    showPanel(QStringLiteral("transfer"));
+                else
+                    m_register->showNotice(problem);
+            });
     connect(m_transfers, &TransferPanel::transferred, this, [this] {
         m_accounts->ShowAcctsForm();
         m_budget->RefreshBudgetList();
@@ -205,7 +211,8 @@ QWidget *MainForm::buildWorkArea()
         m_register->reloadCategories();
         m_budgetTransfers->reloadCategories();
     });
-    connect(m_budgetTransfers, &BudgetTransferPanel::budgetChanged, m_budget, &BudgetPanel::RefreshBudgetList);
+    connect(m_budgetTransfers, &BudgetTransferPanel::budgetChanged, m_budget,
+            &BudgetPanel::RefreshBudgetList);
     auto accountsChanged = [this](int bankNum) {
         m_accounts->ShowAcctsForm();
         m_budget->RefreshBudgetList();
@@ -249,7 +256,8 @@ QWidget *MainForm::buildHelpPanel()
            "Credit cards start as a <i>Debit</i>: the money you owe.<br><br>"
            "Click an account to open its register. Pick a type, date, payee and amount under "
            "the register and press <i>Enter</i>; click a row to change it, or use "
-           "<i>Quick Entry</i> to enter a copy of it.<br><br><i>Sample Accts</i> opens a ready-made set of accounts to try "
+           "<i>Quick Entry</i> to enter a copy of it.<br><br><i>Sample Accts</i> opens a "
+           "ready-made set of accounts to try "
            "things out with; <i>My Account</i> brings you back to your own."),
         m_help);
     text->setObjectName(QStringLiteral("lblHelpText"));
@@ -285,7 +293,8 @@ void MainForm::load()
 void MainForm::openDataSet()
 {
     m_files = DataFiles(m_dataDir, m_sample);
-    m_sampleButton->setText(m_sample ? QStringLiteral("My Account") : QStringLiteral("Sample Accts"));
+    m_sampleButton->setText(m_sample ? QStringLiteral("My Account")
+                                     : QStringLiteral("Sample Accts"));
     m_title->setText(m_sample ? tr("Quillmere \u2014 Sample Accounts") : tr("Quillmere"));
     const int period = m_sample ? m_settings.SamplePeriodIndex : m_settings.PeriodIndex;
     m_period->setCurrentIndex(period >= 0 && period < m_period->count() ? period : 0);

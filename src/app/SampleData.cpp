@@ -4,16 +4,16 @@
 #include "accounts/AccountService.h"
 #include "budget/BudgetBook.h"
 #include "budget/BudgetCategories.h"
-#include "records/BudgetRecord.h"
 #include "budget/BudgetTransfers.h"
-#include "register/CardPayments.h"
-#include "transfers/TransferService.h"
-#include "register/PayeeBook.h"
-#include "records/RecordFile.h"
 #include "core/EntryChecks.h"
-#include "register/RegisterService.h"
+#include "records/BudgetRecord.h"
+#include "records/RecordFile.h"
 #include "records/TransactionTemplate.h"
 #include "records/TransactionTypes.h"
+#include "register/CardPayments.h"
+#include "register/PayeeBook.h"
+#include "register/RegisterService.h"
+#include "transfers/TransferService.h"
 
 #include <QFileInfo>
 #include <QHash>
@@ -91,18 +91,21 @@ public:
 
     void payee(int bankNum, const char *name, const char *text)
     {
-        const auto r = PayeeBook(m_files).add(bankNum, QString::fromLatin1(name), QString::fromLatin1(text));
+        const auto r
+            = PayeeBook(m_files).add(bankNum, QString::fromLatin1(name), QString::fromLatin1(text));
         if (!r.ok && m_error.isEmpty())
             m_error = r.error;
     }
 
-    void category(const char *name, qint64 cents, const std::vector<std::pair<const char *, qint64>> &items = {})
+    void category(const char *name, qint64 cents,
+                  const std::vector<std::pair<const char *, qint64>> &items = {})
     {
         BudgetCategories::ItemRows rows;
         for (std::size_t i = 0; i < items.size(); ++i)
-            rows[i] = {QString::fromLatin1(items[i].first), Currency::fromCents(items[i].second).toPlainText()};
-        const auto r = BudgetCategories(m_files).save(QString::fromLatin1(name),
-                                                      Currency::fromCents(cents).toPlainText(), rows);
+            rows[i] = {QString::fromLatin1(items[i].first),
+                       Currency::fromCents(items[i].second).toPlainText()};
+        const auto r = BudgetCategories(m_files).save(
+            QString::fromLatin1(name), Currency::fromCents(cents).toPlainText(), rows);
         if (!r.ok && m_error.isEmpty())
             m_error = r.error;
         m_categories.insert(QString::fromLatin1(name), r.budNum);
@@ -121,7 +124,8 @@ public:
             m_error = r.error;
     }
 
-    void transfer(int month, int day, const char *from, const char *to, qint64 cents, const char *description)
+    void transfer(int month, int day, const char *from, const char *to, qint64 cents,
+                  const char *description)
     {
         BudgetTransfers::Request request;
         request.date = EntryChecks::formatLongDate(QDate(2026, month, day));
@@ -134,7 +138,8 @@ public:
             m_error = r.error;
     }
 
-    void transfer(int month, int day, int from, int to, const char *type, qint64 cents, const char *memo = "")
+    void transfer(int month, int day, int from, int to, const char *type, qint64 cents,
+                  const char *memo = "")
     {
         const AccountBook book(m_files);
         TransferService::Request r;
@@ -160,8 +165,9 @@ public:
         t.Date = EntryChecks::formatLongDate(QDate(2026, month, day));
         const QString cardName = AccountBook(m_files).read(card).BankName.text();
         t.Description = cardName;
-        t.Memo = typeText + QStringLiteral(" payment from ") + AccountBook(m_files).read(bank).BankName.text()
-                 + QStringLiteral(" to ") + cardName;
+        t.Memo = typeText + QStringLiteral(" payment from ")
+                 + AccountBook(m_files).read(bank).BankName.text() + QStringLiteral(" to ")
+                 + cardName;
         t.BudName = TransactionTemplate::NoCategory;
         t.Amount = -Currency::fromCents(cents);
         const auto result = CardPayments(m_files).add(bank, t, card);
@@ -314,7 +320,8 @@ QString ensure(const QString &dataDir)
         if (q.entry.month != transferMonth && q.entry.day >= 2) {
             transferMonth = q.entry.month;
             b.transfer(transferMonth, 2, checking, savings, "Withdrawal", 200'00, "Monthly saving");
-            b.payCard(transferMonth, 2, checking, visa, "Debit Card", transferMonth == 10 ? 700'00 : 300'00);
+            b.payCard(transferMonth, 2, checking, visa, "Debit Card",
+                      transferMonth == 10 ? 700'00 : 300'00);
         }
         if (q.entry.month == 10 && q.entry.day == 15 && !std::exchange(carCovered, true))
             b.transfer(10, 15, "Savings Goal", "Car", 300'00, "Cover the brake repair");

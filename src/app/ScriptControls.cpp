@@ -25,9 +25,10 @@
 
 // Exported by QtGui: offers a key press to the shortcut map first, as a real
 // key press is. True when a shortcut took the key.
-Q_GUI_EXPORT bool qt_sendShortcutOverrideEvent(QObject *o, ulong timestamp, int k, Qt::KeyboardModifiers mods,
-                                               const QString &text = QString(), bool autorep = false,
-                                               ushort count = 1);
+Q_GUI_EXPORT bool qt_sendShortcutOverrideEvent(QObject *o, ulong timestamp, int k,
+                                               Qt::KeyboardModifiers mods,
+                                               const QString &text = QString(),
+                                               bool autorep = false, ushort count = 1);
 
 namespace {
 
@@ -103,7 +104,8 @@ void clickIndex(QAbstractItemView *view, const QModelIndex &index)
     if (!(flags & Qt::ItemIsEnabled))
         return;
     takeFocus(view, Qt::MouseFocusReason);
-    const auto command = flags & Qt::ItemIsSelectable ? clickFlags(view) : QItemSelectionModel::NoUpdate;
+    const auto command
+        = flags & Qt::ItemIsSelectable ? clickFlags(view) : QItemSelectionModel::NoUpdate;
     view->selectionModel()->setCurrentIndex(index, command);
     Q_EMIT view->pressed(index);
     Q_EMIT view->clicked(index);
@@ -146,15 +148,24 @@ std::optional<KeyChord> parseKey(const QString &chord)
         const char *text;
     };
     static const Named named[] = {
-        {"Enter", Qt::Key_Return, "\r"},   {"Return", Qt::Key_Return, "\r"},
-        {"Escape", Qt::Key_Escape, "\x1b"}, {"Esc", Qt::Key_Escape, "\x1b"},
-        {"Tab", Qt::Key_Tab, "\t"},        {"Delete", Qt::Key_Delete, "\x7f"},
-        {"Del", Qt::Key_Delete, "\x7f"},   {"Backspace", Qt::Key_Backspace, "\b"},
-        {"Space", Qt::Key_Space, " "},     {"Insert", Qt::Key_Insert, ""},
-        {"Up", Qt::Key_Up, ""},            {"Down", Qt::Key_Down, ""},
-        {"Left", Qt::Key_Left, ""},        {"Right", Qt::Key_Right, ""},
-        {"Home", Qt::Key_Home, ""},        {"End", Qt::Key_End, ""},
-        {"PageUp", Qt::Key_PageUp, ""},    {"PageDown", Qt::Key_PageDown, ""},
+        {"Enter", Qt::Key_Return, "\r"},
+        {"Return", Qt::Key_Return, "\r"},
+        {"Escape", Qt::Key_Escape, "\x1b"},
+        {"Esc", Qt::Key_Escape, "\x1b"},
+        {"Tab", Qt::Key_Tab, "\t"},
+        {"Delete", Qt::Key_Delete, "\x7f"},
+        {"Del", Qt::Key_Delete, "\x7f"},
+        {"Backspace", Qt::Key_Backspace, "\b"},
+        {"Space", Qt::Key_Space, " "},
+        {"Insert", Qt::Key_Insert, ""},
+        {"Up", Qt::Key_Up, ""},
+        {"Down", Qt::Key_Down, ""},
+        {"Left", Qt::Key_Left, ""},
+        {"Right", Qt::Key_Right, ""},
+        {"Home", Qt::Key_Home, ""},
+        {"End", Qt::Key_End, ""},
+        {"PageUp", Qt::Key_PageUp, ""},
+        {"PageDown", Qt::Key_PageDown, ""},
     };
     const bool typing = !(k.modifiers & (Qt::ControlModifier | Qt::AltModifier));
     for (const Named &n : named) {
@@ -256,7 +267,8 @@ QString ScriptControls::setText(QWidget *w, const QString &name, const QString &
         if (!combo->isEditable() || !combo->lineEdit())
             return QStringLiteral("%1 is a list without an edit field; use choose").arg(name);
         bool changed = false;
-        const auto c = QObject::connect(combo, &QComboBox::editTextChanged, combo, [&changed] { changed = true; });
+        const auto c = QObject::connect(combo, &QComboBox::editTextChanged, combo,
+                                        [&changed] { changed = true; });
         type(combo->lineEdit());
         QObject::disconnect(c);
         if (!changed)
@@ -292,7 +304,10 @@ QString ScriptControls::chooseIndex(QWidget *w, const QString &name, int index)
         return problem;
     if (auto *combo = qobject_cast<QComboBox *>(w)) {
         if (index < -1 || index >= combo->count())
-            return QStringLiteral("%1 has no entry #%2 (it has %3)").arg(name).arg(index).arg(combo->count());
+            return QStringLiteral("%1 has no entry #%2 (it has %3)")
+                .arg(name)
+                .arg(index)
+                .arg(combo->count());
         takeFocus(combo, Qt::MouseFocusReason);
         combo->setCurrentIndex(index);
         Q_EMIT combo->activated(index);
@@ -365,7 +380,8 @@ QString ScriptControls::clickCell(QWidget *w, const QString &name, int row, int 
         QHeaderView *header = table->horizontalHeader();
         if (header->isHidden())
             return QStringLiteral("%1 shows no header row").arg(name);
-        if (header->sectionsClickable() && (table->isSortingEnabled() || header->isSortIndicatorShown())) {
+        if (header->sectionsClickable()
+            && (table->isSortingEnabled() || header->isSortIndicatorShown())) {
             const bool same = header->sortIndicatorSection() == column;
             const Qt::SortOrder order = same && header->sortIndicatorOrder() == Qt::AscendingOrder
                                             ? Qt::DescendingOrder
@@ -390,7 +406,11 @@ QString ScriptControls::selectRows(QWidget *w, const QString &name, int first, i
         return problem;
     const QAbstractItemModel *model = table->model();
     if (first < 1 || last < first || last > model->rowCount())
-        return QStringLiteral("%1 has no rows %2 to %3 (it has %4)").arg(name).arg(first).arg(last).arg(model->rowCount());
+        return QStringLiteral("%1 has no rows %2 to %3 (it has %4)")
+            .arg(name)
+            .arg(first)
+            .arg(last)
+            .arg(model->rowCount());
     const auto mode = table->selectionMode();
     if (mode == QAbstractItemView::NoSelection)
         return QStringLiteral("%1 does not let rows be selected").arg(name);
@@ -399,7 +419,8 @@ QString ScriptControls::selectRows(QWidget *w, const QString &name, int first, i
     takeFocus(table, Qt::MouseFocusReason);
     QItemSelectionModel *selection = table->selectionModel();
     selection->setCurrentIndex(model->index(last - 1, 0), QItemSelectionModel::NoUpdate);
-    selection->select(QItemSelection(model->index(first - 1, 0), model->index(last - 1, model->columnCount() - 1)),
+    selection->select(QItemSelection(model->index(first - 1, 0),
+                                     model->index(last - 1, model->columnCount() - 1)),
                       QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     return QString();
 }
@@ -453,7 +474,8 @@ QString ScriptControls::describe(const QWidget *w)
         extra = QStringLiteral(" index=%1").arg(tabs->currentIndex());
     } else if (auto *stack = qobject_cast<const QStackedWidget *>(w)) {
         extra = QStringLiteral(" index=%1").arg(stack->currentIndex());
-    } else if (auto *view = qobject_cast<const QAbstractItemView *>(w); view && !qobject_cast<const QTableView *>(w)) {
+    } else if (auto *view = qobject_cast<const QAbstractItemView *>(w);
+               view && !qobject_cast<const QTableView *>(w)) {
         const QModelIndex current = view->currentIndex();
         text = current.data(Qt::DisplayRole).toString();
         extra = QStringLiteral(" index=%1").arg(current.isValid() ? current.row() : -1);
@@ -471,12 +493,15 @@ QString ScriptControls::gridRows(const QWidget *w, const QString &name, QStringL
     const int columns = model->columnCount();
     QString header = QStringLiteral("0");
     for (int c = 0; c < columns; ++c)
-        header += QLatin1Char(' ') + ScriptLine::quote(model->headerData(c, Qt::Horizontal, Qt::DisplayRole).toString());
+        header += QLatin1Char(' ')
+                  + ScriptLine::quote(
+                      model->headerData(c, Qt::Horizontal, Qt::DisplayRole).toString());
     rows->append(header);
     for (int r = 0; r < model->rowCount(); ++r) {
         QString line = QString::number(r + 1);
         for (int c = 0; c < columns; ++c)
-            line += QLatin1Char(' ') + ScriptLine::quote(model->index(r, c).data(Qt::DisplayRole).toString());
+            line += QLatin1Char(' ')
+                    + ScriptLine::quote(model->index(r, c).data(Qt::DisplayRole).toString());
         rows->append(line);
     }
     return QString();

@@ -5,7 +5,8 @@
 #include <cstdio>
 #include <utility>
 
-ScriptInteraction::ScriptInteraction(std::function<void(const QString &)> sink) : m_sink(std::move(sink))
+ScriptInteraction::ScriptInteraction(std::function<void(const QString &)> sink)
+    : m_sink(std::move(sink))
 {
     if (!m_sink)
         m_sink = [](const QString &line) {
@@ -77,11 +78,16 @@ QString ScriptInteraction::askWindow(const QString &window, const QStringList &b
 QString ScriptInteraction::iconName(Icon icon)
 {
     switch (icon) {
-    case Icon::None: return QStringLiteral("none");
-    case Icon::Information: return QStringLiteral("information");
-    case Icon::Exclamation: return QStringLiteral("exclamation");
-    case Icon::Question: return QStringLiteral("question");
-    case Icon::Critical: return QStringLiteral("critical");
+    case Icon::None:
+        return QStringLiteral("none");
+    case Icon::Information:
+        return QStringLiteral("information");
+    case Icon::Exclamation:
+        return QStringLiteral("exclamation");
+    case Icon::Question:
+        return QStringLiteral("question");
+    case Icon::Critical:
+        return QStringLiteral("critical");
     }
     return QStringLiteral("none");
 }
@@ -94,20 +100,24 @@ QString ScriptInteraction::buttonsName(Buttons buttons)
 QStringList ScriptInteraction::buttonNames(Buttons buttons)
 {
     switch (buttons) {
-    case Buttons::OK: return {QStringLiteral("OK")};
-    case Buttons::OKCancel: return {QStringLiteral("OK"), QStringLiteral("Cancel")};
-    case Buttons::YesNo: return {QStringLiteral("Yes"), QStringLiteral("No")};
-    case Buttons::YesNoCancel: return {QStringLiteral("Yes"), QStringLiteral("No"), QStringLiteral("Cancel")};
+    case Buttons::OK:
+        return {QStringLiteral("OK")};
+    case Buttons::OKCancel:
+        return {QStringLiteral("OK"), QStringLiteral("Cancel")};
+    case Buttons::YesNo:
+        return {QStringLiteral("Yes"), QStringLiteral("No")};
+    case Buttons::YesNoCancel:
+        return {QStringLiteral("Yes"), QStringLiteral("No"), QStringLiteral("Cancel")};
     }
     return {QStringLiteral("OK")};
 }
 
-Interaction::Answer ScriptInteraction::messageBox(const QString &text, const QString &title, Icon icon,
-                                                  Buttons buttons)
+Interaction::Answer ScriptInteraction::messageBox(const QString &text, const QString &title,
+                                                  Icon icon, Buttons buttons)
 {
     const QString shown = QStringLiteral("msgbox title=%1 text=%2 icon=%3 buttons=%4")
-                              .arg(ScriptLine::quote(title), ScriptLine::quote(text), iconName(icon),
-                                   buttonsName(buttons));
+                              .arg(ScriptLine::quote(title), ScriptLine::quote(text),
+                                   iconName(icon), buttonsName(buttons));
     QString chosen;
     if (buttons == Buttons::OK) {
         // A box that only informs answers itself; queued answers are left for
@@ -115,7 +125,8 @@ Interaction::Answer ScriptInteraction::messageBox(const QString &text, const QSt
         chosen = QStringLiteral("OK");
     } else {
         const QStringList offered = buttonNames(buttons);
-        if (const auto answer = take(QStringLiteral("msgbox"), QStringLiteral("a message box"), offered))
+        if (const auto answer
+            = take(QStringLiteral("msgbox"), QStringLiteral("a message box"), offered))
             chosen = *answer;
     }
     if (chosen.isEmpty()) {
@@ -136,9 +147,11 @@ Interaction::Answer ScriptInteraction::messageBox(const QString &text, const QSt
 
 int ScriptInteraction::fund(const QString &title, const QString &text)
 {
-    const QString shown = QStringLiteral("fund title=%1 text=%2").arg(ScriptLine::quote(title), ScriptLine::quote(text));
-    const auto answer = take(QStringLiteral("frmFund"), QStringLiteral("frmFund"),
-                             {QStringLiteral("Continue"), QStringLiteral("Cancel"), QStringLiteral("Close")});
+    const QString shown = QStringLiteral("fund title=%1 text=%2")
+                              .arg(ScriptLine::quote(title), ScriptLine::quote(text));
+    const auto answer
+        = take(QStringLiteral("frmFund"), QStringLiteral("frmFund"),
+               {QStringLiteral("Continue"), QStringLiteral("Cancel"), QStringLiteral("Close")});
     writeLine(shown + QStringLiteral(" -> ") + answer.value_or(QStringLiteral("(no answer)")));
     return answer && *answer == QStringLiteral("Continue") ? 0 : 1;
 }
@@ -167,5 +180,6 @@ void ScriptInteraction::openUrl(const QString &url)
 
 void ScriptInteraction::windowEvent(const QString &name, bool shown)
 {
-    writeLine(QStringLiteral("window %1 %2").arg(name, shown ? QStringLiteral("shown") : QStringLiteral("closed")));
+    writeLine(QStringLiteral("window %1 %2")
+                  .arg(name, shown ? QStringLiteral("shown") : QStringLiteral("closed")));
 }

@@ -18,7 +18,7 @@ public:
     {
         QString window; // "msgbox", "frmFund" or the name of another modal window
         QString button;
-        int line = 0;   // the script line that queued it
+        int line = 0; // the script line that queued it
     };
 
     // Each transcript line goes to the sink; the default writes it to stdout at once.
@@ -42,7 +42,8 @@ public:
     // Writes one line of the transcript.
     void writeLine(const QString &line);
 
-    Answer messageBox(const QString &text, const QString &title, Icon icon, Buttons buttons) override;
+    Answer messageBox(const QString &text, const QString &title, Icon icon,
+                      Buttons buttons) override;
     int fund(const QString &title, const QString &text) override;
     void beep() override;
     void print(const QString &job, const QStringList &lines) override;
@@ -57,7 +58,8 @@ public:
 private:
     // The head of the queue when it is meant for this window and names one of
     // its buttons; otherwise records a fault and gives nothing.
-    std::optional<QString> take(const QString &window, const QString &shownAs, const QStringList &buttons);
+    std::optional<QString> take(const QString &window, const QString &shownAs,
+                                const QStringList &buttons);
 
     std::function<void(const QString &)> m_sink;
     bool m_closed = false;

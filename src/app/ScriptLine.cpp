@@ -45,13 +45,24 @@ std::optional<QString> ScriptLine::quoted()
         if (++i >= m_text.size())
             break;
         switch (m_text[i].unicode()) {
-        case '"': out += QLatin1Char('"'); break;
-        case '\\': out += QLatin1Char('\\'); break;
-        case 't': out += QLatin1Char('\t'); break;
-        case 'n': out += QLatin1Char('\n'); break;
-        case 'r': out += QLatin1Char('\r'); break;
+        case '"':
+            out += QLatin1Char('"');
+            break;
+        case '\\':
+            out += QLatin1Char('\\');
+            break;
+        case 't':
+            out += QLatin1Char('\t');
+            break;
+        case 'n':
+            out += QLatin1Char('\n');
+            break;
+        case 'r':
+            out += QLatin1Char('\r');
+            break;
         default:
-            m_error = QStringLiteral("unknown escape \\%1 (use \\\" \\\\ \\t \\n or \\r)").arg(m_text[i]);
+            m_error = QStringLiteral("unknown escape \\%1 (use \\\" \\\\ \\t \\n or \\r)")
+                          .arg(m_text[i]);
             return std::nullopt;
         }
     }
@@ -95,9 +106,15 @@ QString ScriptLine::escape(const QString &text, bool quotes)
     for (qsizetype i = 0; i < text.size(); ++i) {
         const QChar c = text[i];
         switch (c.unicode()) {
-        case '\\': out += QStringLiteral("\\\\"); break;
-        case '\t': out += QStringLiteral("\\t"); break;
-        case '\n': out += QStringLiteral("\\n"); break;
+        case '\\':
+            out += QStringLiteral("\\\\");
+            break;
+        case '\t':
+            out += QStringLiteral("\\t");
+            break;
+        case '\n':
+            out += QStringLiteral("\\n");
+            break;
         case '\r':
             if (i + 1 < text.size() && text[i + 1] == QLatin1Char('\n')) {
                 out += QStringLiteral("\\n");

@@ -1,11 +1,11 @@
 #include "app/ScriptRunner.h"
 
-#include "core/Clock.h"
-#include "core/EntryChecks.h"
 #include "app/MainForm.h"
 #include "app/ScriptControls.h"
 #include "app/ScriptInteraction.h"
 #include "app/ScriptLine.h"
+#include "core/Clock.h"
+#include "core/EntryChecks.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -26,9 +26,10 @@ void writeError(const QString &text)
 }
 
 // The buttons an "answer" may name for the two windows every panel shares.
-const QStringList MsgBoxButtons = {QStringLiteral("OK"), QStringLiteral("Yes"), QStringLiteral("No"),
-                                   QStringLiteral("Cancel")};
-const QStringList FundButtons = {QStringLiteral("Continue"), QStringLiteral("Cancel"), QStringLiteral("Close")};
+const QStringList MsgBoxButtons
+    = {QStringLiteral("OK"), QStringLiteral("Yes"), QStringLiteral("No"), QStringLiteral("Cancel")};
+const QStringList FundButtons
+    = {QStringLiteral("Continue"), QStringLiteral("Cancel"), QStringLiteral("Close")};
 
 QString canonical(const QString &word, const QStringList &allowed)
 {
@@ -125,9 +126,10 @@ void ScriptRunner::watchForModals()
         QWidget *modal = QApplication::activeModalWidget();
         if (!modal)
             return;
-        m_interaction->addFault(QStringLiteral("window %1 (\"%2\") waited for an answer the script cannot give; "
-                                               "it was closed")
-                                    .arg(modal->objectName(), modal->windowTitle()));
+        m_interaction->addFault(
+            QStringLiteral("window %1 (\"%2\") waited for an answer the script cannot give; "
+                           "it was closed")
+                .arg(modal->objectName(), modal->windowTitle()));
         // Closed as by the window frame (a message box takes its escape
         // button); a window that refuses to close is rejected.
         if (!modal->close())
@@ -151,16 +153,19 @@ void ScriptRunner::execute(const QString &command, ScriptLine &args)
         const QString button = args.word();
         done();
         if (window.isEmpty() || button.isEmpty())
-            fail(QStringLiteral("answer wants a window and a button, for example: answer msgbox Yes"));
+            fail(QStringLiteral(
+                "answer wants a window and a button, for example: answer msgbox Yes"));
         if (window.compare(QStringLiteral("msgbox"), Qt::CaseInsensitive) == 0) {
             const QString b = canonical(button, MsgBoxButtons);
             if (b.isEmpty())
-                fail(QStringLiteral("a message box has no button %1 (OK, Yes, No or Cancel)").arg(button));
+                fail(QStringLiteral("a message box has no button %1 (OK, Yes, No or Cancel)")
+                         .arg(button));
             m_interaction->queueAnswer(QStringLiteral("msgbox"), b, m_line);
         } else if (window.compare(QStringLiteral("frmFund"), Qt::CaseInsensitive) == 0) {
             const QString b = canonical(button, FundButtons);
             if (b.isEmpty())
-                fail(QStringLiteral("frmFund has no button %1 (Continue, Cancel or Close)").arg(button));
+                fail(QStringLiteral("frmFund has no button %1 (Continue, Cancel or Close)")
+                         .arg(button));
             m_interaction->queueAnswer(QStringLiteral("frmFund"), b, m_line);
         } else {
             m_interaction->queueAnswer(window, button, m_line);
@@ -188,9 +193,10 @@ void ScriptRunner::execute(const QString &command, ScriptLine &args)
         return;
     }
 
-    static const QStringList known = {QStringLiteral("panel"), QStringLiteral("set"),   QStringLiteral("choose"),
-                                      QStringLiteral("click"), QStringLiteral("cell"),  QStringLiteral("select"),
-                                      QStringLiteral("key"),   QStringLiteral("show"),  QStringLiteral("grid")};
+    static const QStringList known
+        = {QStringLiteral("panel"), QStringLiteral("set"),  QStringLiteral("choose"),
+           QStringLiteral("click"), QStringLiteral("cell"), QStringLiteral("select"),
+           QStringLiteral("key"),   QStringLiteral("show"), QStringLiteral("grid")};
     if (!known.contains(command))
         fail(QStringLiteral("unknown command %1").arg(command));
     startOnce();
@@ -213,7 +219,8 @@ void ScriptRunner::execute(const QString &command, ScriptLine &args)
         if (args.peek() == QLatin1Char('#')) {
             const QString index = args.word();
             done();
-            act(ScriptControls::chooseIndex(control(name), name, number(index.mid(1), QStringLiteral("#N"))));
+            act(ScriptControls::chooseIndex(control(name), name,
+                                            number(index.mid(1), QStringLiteral("#N"))));
         } else {
             const QString text = args.rest();
             done();
@@ -244,7 +251,8 @@ void ScriptRunner::execute(const QString &command, ScriptLine &args)
         act(ScriptControls::pressKey(control(name), name, key));
     } else if (command == QStringLiteral("show")) {
         done();
-        m_interaction->writeLine(QStringLiteral("show %1 %2").arg(name, ScriptControls::describe(control(name))));
+        m_interaction->writeLine(
+            QStringLiteral("show %1 %2").arg(name, ScriptControls::describe(control(name))));
     } else if (command == QStringLiteral("grid")) {
         done();
         QStringList rows;
@@ -258,7 +266,8 @@ int ScriptRunner::run(const QString &scriptPath)
 {
     QFile file(scriptPath);
     if (!file.open(QIODevice::ReadOnly)) {
-        writeError(QStringLiteral("%1: cannot read the script: %2").arg(scriptPath, file.errorString()));
+        writeError(
+            QStringLiteral("%1: cannot read the script: %2").arg(scriptPath, file.errorString()));
         return 1;
     }
     const QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));

@@ -1,13 +1,13 @@
 #include "app/StartForm.h"
 
 #include "app/AppPaths.h"
-#include "core/Interaction.h"
 #include "app/MainForm.h"
 #include "app/SampleData.h"
 #include "app/StartupChecks.h"
 #include "app/TipForm.h"
-#include "records/UnitOfWork.h"
 #include "app/WindowUtils.h"
+#include "core/Interaction.h"
+#include "records/UnitOfWork.h"
 
 #include <QDir>
 #include <QGuiApplication>
@@ -37,8 +37,8 @@ void StartForm::manifestCheck()
     QDir().mkpath(m_options.appPath);
     const QString path = StartupChecks::manifestPath(m_options.appPath, m_options.exeBaseName);
     if (StartupChecks::ensureManifest(path) == StartupChecks::ManifestResult::Created)
-        m_interaction.message(StartupChecks::ManifestCreatedText, StartupChecks::ManifestCreatedTitle,
-                              Interaction::Icon::Information);
+        m_interaction.message(StartupChecks::ManifestCreatedText,
+                              StartupChecks::ManifestCreatedTitle, Interaction::Icon::Information);
 }
 
 QSize StartForm::screenSize() const

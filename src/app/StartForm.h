@@ -18,9 +18,9 @@ class StartForm
 public:
     struct Options
     {
-        QString appPath;          // the folder that holds "Data" and the manifest
+        QString appPath; // the folder that holds "Data" and the manifest
         QString exeBaseName = QStringLiteral("quillmere");
-        QSize screen;             // when valid, used instead of the real screen
+        QSize screen; // when valid, used instead of the real screen
     };
 
     StartForm(Options options, Interaction &interaction);

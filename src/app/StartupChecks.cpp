@@ -20,7 +20,8 @@ QByteArray manifestText()
 {
     const QStringList lines = {
         QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>"),
-        QStringLiteral("<assembly xmlns=\"urn:schemas-microsoft-com:asm.v1\" manifestVersion=\"1.0\">"),
+        QStringLiteral(
+            "<assembly xmlns=\"urn:schemas-microsoft-com:asm.v1\" manifestVersion=\"1.0\">"),
         QStringLiteral("<assemblyIdentity"),
         QStringLiteral("version=\"1.0.0.0\""),
         QStringLiteral("processorArchitecture=\"X86\""),

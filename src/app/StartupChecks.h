@@ -8,8 +8,8 @@ namespace StartupChecks {
 
 bool screenLargeEnough(const QSize &pixels);
 
-inline const QString SmallScreenText =
-    QStringLiteral("Please make your screen resolution 800x600 or higher.");
+inline const QString SmallScreenText
+    = QStringLiteral("Please make your screen resolution 800x600 or higher.");
 inline const QString SmallScreenTitle = QStringLiteral("Screen Resolution too small");
 inline const QString AlreadyRunningText = QStringLiteral("Quillmere is already running");
 
@@ -20,9 +20,9 @@ QByteArray manifestText();
 enum class ManifestResult { Existed, Created, Failed };
 ManifestResult ensureManifest(const QString &path);
 
-inline const QString ManifestCreatedText = QStringLiteral(
-    "Did not find a Manifest file, so one has been created for you.\n"
-    "XP styles will be applied next time you run this application");
+inline const QString ManifestCreatedText
+    = QStringLiteral("Did not find a Manifest file, so one has been created for you.\n"
+                     "XP styles will be applied next time you run this application");
 inline const QString ManifestCreatedTitle = QStringLiteral("Application manifest file missing");
 
 } // namespace StartupChecks

@@ -22,7 +22,8 @@ QSettings userSettings()
 QStringList TipForm::tips()
 {
     return {
-        tr("Every account keeps its own register. Click an account in the list to make it current."),
+        tr("Every account keeps its own register. Click an account in the list to make it "
+           "current."),
         tr("Credit card balances are shown as negative amounts while money is owed on the card."),
         tr("Switch to the sample accounts with the Sample Accts button to try things out; "
            "your own accounts are not touched."),
@@ -43,7 +44,8 @@ void TipForm::setShowTipsSetting(int value)
 }
 
 TipForm::TipForm(QWidget *parent)
-    : QDialog(parent), m_tip(new QLabel(this)), m_showAtStart(new QCheckBox(tr("Show Tips at Startup"), this))
+    : QDialog(parent), m_tip(new QLabel(this)),
+      m_showAtStart(new QCheckBox(tr("Show Tips at Startup"), this))
 {
     setObjectName(QStringLiteral("frmTip"));
     setWindowTitle(tr("Tip of the Day"));
@@ -52,7 +54,8 @@ TipForm::TipForm(QWidget *parent)
     m_tip->setMinimumSize(360, 80);
     m_showAtStart->setObjectName(QStringLiteral("chkLoadTipsAtStartup"));
     m_showAtStart->setChecked(showTipsSetting() == 1);
-    connect(m_showAtStart, &QCheckBox::toggled, this, [](bool on) { setShowTipsSetting(on ? 1 : 0); });
+    connect(m_showAtStart, &QCheckBox::toggled, this,
+            [](bool on) { setShowTipsSetting(on ? 1 : 0); });
 
     auto *next = new QPushButton(tr("Next Tip"), this);
     next->setObjectName(QStringLiteral("cmdNextTip"));

@@ -1,11 +1,11 @@
 #include "app/AppPaths.h"
-#include "core/Clock.h"
-#include "ui/DesktopInteraction.h"
-#include "core/EntryChecks.h"
 #include "app/MainForm.h"
 #include "app/ScriptRunner.h"
 #include "app/StartForm.h"
+#include "core/Clock.h"
+#include "core/EntryChecks.h"
 #include "records/UnitOfWork.h"
+#include "ui/DesktopInteraction.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -40,22 +40,28 @@ int main(int argc, char **argv)
     QApplication::setApplicationDisplayName(QStringLiteral("Quillmere"));
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Quillmere: household bank registers and budget"));
+    parser.setApplicationDescription(
+        QStringLiteral("Quillmere: household bank registers and budget"));
     parser.addHelpOption();
-    const QCommandLineOption home(QStringLiteral("home"), QStringLiteral("Folder that holds the Data folder."),
+    const QCommandLineOption home(QStringLiteral("home"),
+                                  QStringLiteral("Folder that holds the Data folder."),
                                   QStringLiteral("DIR"));
-    const QCommandLineOption script(QStringLiteral("script"), QStringLiteral("Run a scenario script headless."),
+    const QCommandLineOption script(QStringLiteral("script"),
+                                    QStringLiteral("Run a scenario script headless."),
                                     QStringLiteral("FILE"));
-    const QCommandLineOption today(QStringLiteral("today"), QStringLiteral("Take this date as today."),
+    const QCommandLineOption today(QStringLiteral("today"),
+                                   QStringLiteral("Take this date as today."),
                                    QStringLiteral("MM/DD/YYYY"));
-    const QCommandLineOption screen(QStringLiteral("screen"), QStringLiteral("Take the screen to be this size."),
+    const QCommandLineOption screen(QStringLiteral("screen"),
+                                    QStringLiteral("Take the screen to be this size."),
                                     QStringLiteral("WxH"));
     parser.addOptions({home, script, today, screen});
     parser.process(app);
 
     QTextStream err(stderr);
     StartForm::Options options;
-    options.appPath = AppPaths::resolveAppPath(parser.value(home), QApplication::applicationDirPath());
+    options.appPath
+        = AppPaths::resolveAppPath(parser.value(home), QApplication::applicationDirPath());
     options.exeBaseName = QFileInfo(QApplication::applicationFilePath()).completeBaseName();
     if (parser.isSet(screen)) {
         const QStringList wh = parser.value(screen).split(QLatin1Char('x'));

@@ -31,7 +31,8 @@ BudgetBook::Totals BudgetBook::totals() const
         t.monthly += amountValue(c.AmountText.text());
         t.balance += c.Balance;
     }
-    for (const BankAcctRecord &a : AccountBook(m_files).readAll().value_or(std::vector<BankAcctRecord>{}))
+    for (const BankAcctRecord &a :
+         AccountBook(m_files).readAll().value_or(std::vector<BankAcctRecord>{}))
         if (!a.isDeleted() && !a.Type.is(QStringLiteral("CC")))
             t.bankAccounts += a.Balance;
     return t;

@@ -22,9 +22,9 @@ public:
 
     struct Totals
     {
-        Currency monthly;       // the monthly budget: the sum of the categories' monthly amounts
-        Currency balance;       // the total budget balance
-        Currency bankAccounts;  // the total of the bank accounts (cards excluded)
+        Currency monthly;      // the monthly budget: the sum of the categories' monthly amounts
+        Currency balance;      // the total budget balance
+        Currency bankAccounts; // the total of the bank accounts (cards excluded)
         Currency disposable() const { return bankAccounts - balance; }
     };
     Totals totals() const;

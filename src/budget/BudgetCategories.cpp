@@ -38,7 +38,7 @@ std::optional<QString> BudgetCategories::nameProblem(const QString &name) const
 }
 
 BudgetCategories::Result BudgetCategories::save(const QString &name, const QString &amountText,
-                                                 const ItemRows &rows)
+                                                const ItemRows &rows)
 {
     const QString trimmed = name.trimmed();
     if (trimmed.isEmpty())

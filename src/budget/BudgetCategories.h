@@ -24,7 +24,7 @@ public:
     struct Result
     {
         bool ok = false;
-        QString error;   // for the editor's message label
+        QString error; // for the editor's message label
         int budNum = 0;
         QString amountText; // the monthly amount as the amount box should now show it
     };
@@ -42,10 +42,14 @@ public:
     // A problem with a typed amount (not a number, or 90,000,000,000 or more).
     static std::optional<QString> amountProblem(const QString &text);
 
-    inline static const QString CardRename = QStringLiteral("To rename a credit card budget category rename the credit card.");
-    inline static const QString CardRemove = QStringLiteral("To remove a credit card budget category you must remove the credit card.");
-    inline static const QString NameTooLong = QStringLiteral("A category name can have at most 20 characters");
-    inline static const QString NameReserved = QStringLiteral("\"Deleted\" cannot be the name of a category");
+    inline static const QString CardRename
+        = QStringLiteral("To rename a credit card budget category rename the credit card.");
+    inline static const QString CardRemove = QStringLiteral(
+        "To remove a credit card budget category you must remove the credit card.");
+    inline static const QString NameTooLong
+        = QStringLiteral("A category name can have at most 20 characters");
+    inline static const QString NameReserved
+        = QStringLiteral("\"Deleted\" cannot be the name of a category");
 
 private:
     Result refuse(const QString &error) const { return {false, error, 0, {}}; }

@@ -14,9 +14,9 @@ Result budgetcheck(const DataFiles &files, const Input &in)
         return result;
 
     Currency amount = BudgetBook::amountValue(in.amountText);
-    static const QStringList incoming = {QStringLiteral("Deposit"), QStringLiteral("ATM Deposit"),
-                                         QStringLiteral("Direct Deposit"), QStringLiteral("Interest Received"),
-                                         QStringLiteral("Credit")};
+    static const QStringList incoming = {
+        QStringLiteral("Deposit"), QStringLiteral("ATM Deposit"), QStringLiteral("Direct Deposit"),
+        QStringLiteral("Interest Received"), QStringLiteral("Credit")};
     // Money coming in raises the category; everything else lowers it.
     if (incoming.contains(in.typeText.trimmed()))
         amount = -amount;
@@ -38,8 +38,9 @@ Result budgetcheck(const DataFiles &files, const Input &in)
     if (in.mode == 0) {
         remainder = balance - amount;
         quoted = balance;
-    } else if (in.mode == 1 && (in.oldAmountApplies == -1
-                                || (in.oldAmountApplies == 0 && result.curBudNum == in.oldBudNum))) {
+    } else if (in.mode == 1
+               && (in.oldAmountApplies == -1
+                   || (in.oldAmountApplies == 0 && result.curBudNum == in.oldBudNum))) {
         remainder = balance - amount - in.oldTransAmount;
         quoted = balance - in.oldTransAmount;
     } else if (in.mode == 1 && in.oldAmountApplies == 0) {
@@ -52,8 +53,9 @@ Result budgetcheck(const DataFiles &files, const Input &in)
     if (remainder >= Currency())
         return result;
     result.warning = QStringLiteral("The new transaction amount of ") + amount.toCurrencyText()
-                     + QStringLiteral(" exceeds the ") + name + QStringLiteral(" budget balance of ")
-                     + quoted.toCurrencyText() + QStringLiteral(". \n\n") + (-remainder).toCurrencyText()
+                     + QStringLiteral(" exceeds the ") + name
+                     + QStringLiteral(" budget balance of ") + quoted.toCurrencyText()
+                     + QStringLiteral(". \n\n") + (-remainder).toCurrencyText()
                      + QStringLiteral(" will be taken from disposable cash.");
     return result;
 }

@@ -13,13 +13,13 @@ namespace BudgetCheck {
 
 struct Input
 {
-    QString amountText;       // cmbamt
-    QString typeText;         // cmbType
-    int budgetIndex = 0;      // selection of cmbBudItems (0: no category)
-    int budNum = 0;           // the selected category
+    QString amountText;  // cmbamt
+    QString typeText;    // cmbType
+    int budgetIndex = 0; // selection of cmbBudItems (0: no category)
+    int budNum = 0;      // the selected category
     QString budName;
-    int cardIndex = 0;        // selection of cmbCreditCards (0: no card)
-    int cardBudNum = 0;       // the budget category of the selected card
+    int cardIndex = 0;  // selection of cmbCreditCards (0: no card)
+    int cardBudNum = 0; // the budget category of the selected card
     QString cardName;
 
     int mode = 0;             // 0 new, 1 change

@@ -42,9 +42,11 @@ QVariant BudgetItemModel::data(const QModelIndex &index, int role) const
     if (!index.isValid())
         return {};
     if (role == Qt::DisplayRole)
-        return index.column() == Fixed ? QString::number(index.row() + 1) : cell(index.row(), index.column());
+        return index.column() == Fixed ? QString::number(index.row() + 1)
+                                       : cell(index.row(), index.column());
     if (role == Qt::TextAlignmentRole)
-        return index.column() == Fixed ? QVariant(Qt::AlignCenter) : QVariant(Qt::AlignLeft | Qt::AlignVCenter);
+        return index.column() == Fixed ? QVariant(Qt::AlignCenter)
+                                       : QVariant(Qt::AlignLeft | Qt::AlignVCenter);
     return {};
 }
 
@@ -53,9 +55,13 @@ QVariant BudgetItemModel::headerData(int section, Qt::Orientation orientation, i
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return {};
     switch (section) {
-    case Fixed: return QStringLiteral("Itemize");
-    case Name: return QStringLiteral("Sub-Category");
-    case Amount: return QStringLiteral("Amount");
-    default: return {};
+    case Fixed:
+        return QStringLiteral("Itemize");
+    case Name:
+        return QStringLiteral("Sub-Category");
+    case Amount:
+        return QStringLiteral("Amount");
+    default:
+        return {};
     }
 }

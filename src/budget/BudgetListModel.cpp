@@ -72,17 +72,24 @@ QString BudgetListModel::text(const Row &row, int column) const
         return {};
     }
     switch (column) {
-    case Category: return c.BudName.text().trimmed();
-    case Monthly: return BudgetBook::amountValue(c.AmountText.text()).toCurrencyText();
-    case Balance: return c.Balance.toCurrencyText();
-    case BudNum: return QString::number(c.BudNum);
-    case CCBankRecnum: return QString::number(c.CCBankRecnum);
+    case Category:
+        return c.BudName.text().trimmed();
+    case Monthly:
+        return BudgetBook::amountValue(c.AmountText.text()).toCurrencyText();
+    case Balance:
+        return c.Balance.toCurrencyText();
+    case BudNum:
+        return QString::number(c.BudNum);
+    case CCBankRecnum:
+        return QString::number(c.CCBankRecnum);
     case Picture:
         if (c.ItemCount <= 0)
             return {};
         return m_expanded.contains(c.BudNum) ? QStringLiteral("\u25B2") : QStringLiteral("\u25BC");
-    case Items: return c.ItemCount > 0 ? QString::number(c.ItemCount) : QString();
-    default: return {};
+    case Items:
+        return c.ItemCount > 0 ? QString::number(c.ItemCount) : QString();
+    default:
+        return {};
     }
 }
 
@@ -121,8 +128,10 @@ QVariant BudgetListModel::headerData(int section, Qt::Orientation orientation, i
 {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return {};
-    static const char *const headings[] = {"", "Category", "Monthly", "Balance", "BudNum", "CCBankRecnum", "", " #Items"};
-    return section >= 0 && section < ColumnCount ? QString::fromLatin1(headings[section]) : QVariant();
+    static const char *const headings[]
+        = {"", "Category", "Monthly", "Balance", "BudNum", "CCBankRecnum", "", " #Items"};
+    return section >= 0 && section < ColumnCount ? QString::fromLatin1(headings[section])
+                                                 : QVariant();
 }
 
 QString BudgetListModel::tabSeparated() const
@@ -130,11 +139,12 @@ QString BudgetListModel::tabSeparated() const
     QStringList lines{QStringLiteral("Category\tMonthly\tBalance")};
     for (const BudgetRecord &c : m_categories) {
         lines << c.BudName.text().trimmed() + QLatin1Char('\t')
-                     + BudgetBook::amountValue(c.AmountText.text()).toCurrencyText() + QLatin1Char('\t')
-                     + c.Balance.toCurrencyText();
+                     + BudgetBook::amountValue(c.AmountText.text()).toCurrencyText()
+                     + QLatin1Char('\t') + c.Balance.toCurrencyText();
         for (int k = 0; k < c.ItemCount && k < BudgetRecord::MaxItems; ++k)
             lines << QStringLiteral("  ") + c.ItemNames[k].text().trimmed() + QLatin1Char('\t')
-                         + BudgetBook::amountValue(c.ItemAmounts[k].text()).toCurrencyText() + QLatin1Char('\t');
+                         + BudgetBook::amountValue(c.ItemAmounts[k].text()).toCurrencyText()
+                         + QLatin1Char('\t');
     }
     return lines.join(QStringLiteral("\r\n")) + QStringLiteral("\r\n");
 }

@@ -23,14 +23,15 @@
 namespace {
 
 // The help lines of the budget editor, worded as they have always been.
-const char *HelpText =
-    "1.  Select a category or type a new one, enter its monthly amount and press Enter.\n"
-    "2.  To itemize, type sub-categories and amounts in the grid; the monthly amount is their total.\n"
-    "3.  The category balance (money left to spend) is reduced by the transaction amount.\n"
-    "4.  15 sub-categories are available for each Budget Category.\n"
-    "5.  If a categrory with a balance is deleted, the money will be transferred to \n"
-    "disposable cash.\n"
-    "Your budget entries should be consistent with the \nperiod selected.";
+const char *HelpText
+    = "1.  Select a category or type a new one, enter its monthly amount and press Enter.\n"
+      "2.  To itemize, type sub-categories and amounts in the grid; the monthly amount is their "
+      "total.\n"
+      "3.  The category balance (money left to spend) is reduced by the transaction amount.\n"
+      "4.  15 sub-categories are available for each Budget Category.\n"
+      "5.  If a categrory with a balance is deleted, the money will be transferred to \n"
+      "disposable cash.\n"
+      "Your budget entries should be consistent with the \nperiod selected.";
 
 QLabel *figure(const QString &name, QWidget *parent)
 {
@@ -46,7 +47,8 @@ QLabel *figure(const QString &name, QWidget *parent)
 
 BudgetPanel::BudgetPanel(Interaction &interaction, QWidget *parent)
     : QWidget(parent), m_interaction(interaction), m_files(QString(), false),
-      m_model(new BudgetListModel(this)), m_grid(new QTableView(this)), m_items(new BudgetItemModel(this)),
+      m_model(new BudgetListModel(this)), m_grid(new QTableView(this)),
+      m_items(new BudgetItemModel(this)),
       m_monthly(figure(QStringLiteral("lblMonthlyBudget"), this)),
       m_balance(figure(QStringLiteral("lblBudgetBalance"), this)),
       m_disposable(figure(QStringLiteral("lblDisposable"), this))
@@ -119,7 +121,8 @@ QWidget *BudgetPanel::buildEditor()
     m_itemGrid->setSelectionMode(QAbstractItemView::SingleSelection);
     m_itemGrid->horizontalHeader()->resizeSection(BudgetItemModel::Fixed, 48);
     m_itemGrid->horizontalHeader()->resizeSection(BudgetItemModel::Amount, 80);
-    m_itemGrid->horizontalHeader()->setSectionResizeMode(BudgetItemModel::Name, QHeaderView::Stretch);
+    m_itemGrid->horizontalHeader()->setSectionResizeMode(BudgetItemModel::Name,
+                                                         QHeaderView::Stretch);
     connect(m_itemGrid, &QTableView::clicked, this, &BudgetPanel::onItemCellClicked);
     // The in-cell editor lies over the cell being typed into.
     m_editor = new QLineEdit(m_itemGrid->viewport());
@@ -239,8 +242,8 @@ void BudgetPanel::onSave()
         return;
     }
     m_editor->hide();
-    const BudgetCategories::Result result =
-        BudgetCategories(m_files).save(m_category->currentText(), m_amount->text(), m_items->rows());
+    const BudgetCategories::Result result = BudgetCategories(m_files).save(
+        m_category->currentText(), m_amount->text(), m_items->rows());
     if (!result.ok) {
         showMessage(result.error);
         m_interaction.beep();
@@ -259,7 +262,8 @@ void BudgetPanel::onRename()
         onClearList();
         return;
     }
-    const BudgetCategories::Result result = BudgetCategories(m_files).rename(m_loaded, m_category->currentText());
+    const BudgetCategories::Result result
+        = BudgetCategories(m_files).rename(m_loaded, m_category->currentText());
     if (!result.ok) {
         showMessage(result.error);
         return;
@@ -341,9 +345,9 @@ void BudgetPanel::onEditorChanged(const QString &text)
 
 void BudgetPanel::onCopy()
 {
-    const auto answer = m_interaction.messageBox(QStringLiteral("Copy Budget to Clipboard "),
-                                                 QStringLiteral("Copy to Clipboard"), Interaction::Icon::Question,
-                                                 Interaction::Buttons::OKCancel);
+    const auto answer = m_interaction.messageBox(
+        QStringLiteral("Copy Budget to Clipboard "), QStringLiteral("Copy to Clipboard"),
+        Interaction::Icon::Question, Interaction::Buttons::OKCancel);
     if (answer == Interaction::Answer::OK)
         m_interaction.setClipboard(m_model->tabSeparated());
 }

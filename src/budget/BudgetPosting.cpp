@@ -36,7 +36,8 @@ bool chargesCategory(const TransRecord &r)
 
 namespace BudgetPosting {
 
-void post(UnitOfWork &unit, const DataFiles &files, const TransRecord *before, const TransRecord *after)
+void post(UnitOfWork &unit, const DataFiles &files, const TransRecord *before,
+          const TransRecord *after)
 {
     if (before) {
         if (chargesCategory(*before) && before->BudNum != 0)

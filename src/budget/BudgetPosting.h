@@ -18,6 +18,7 @@ namespace BudgetPosting {
 
 // `before`: the record as it was (null for a new one); `after`: as it will be
 // (null when the transaction is voided).
-void post(UnitOfWork &unit, const DataFiles &files, const TransRecord *before, const TransRecord *after);
+void post(UnitOfWork &unit, const DataFiles &files, const TransRecord *before,
+          const TransRecord *after);
 
 } // namespace BudgetPosting

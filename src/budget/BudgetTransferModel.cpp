@@ -28,15 +28,21 @@ QVariant BudgetTransferModel::data(const QModelIndex &index, int role) const
         return {};
     const BudgetTransRecord &t = m_transfers[index.row()].record;
     if (role == Qt::TextAlignmentRole)
-        return index.column() == 3 ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant(Qt::AlignLeft | Qt::AlignVCenter);
+        return index.column() == 3 ? QVariant(Qt::AlignRight | Qt::AlignVCenter)
+                                   : QVariant(Qt::AlignLeft | Qt::AlignVCenter);
     if (role != Qt::DisplayRole && role != Qt::ToolTipRole)
         return {};
     switch (index.column()) {
-    case 0: return t.Date.text().trimmed();
-    case 1: return t.Description.text().trimmed();
-    case 2: return t.Memo.text().trimmed();
-    case 3: return t.Amount.toCurrencyText();
-    default: return {};
+    case 0:
+        return t.Date.text().trimmed();
+    case 1:
+        return t.Description.text().trimmed();
+    case 2:
+        return t.Memo.text().trimmed();
+    case 3:
+        return t.Amount.toCurrencyText();
+    default:
+        return {};
     }
 }
 

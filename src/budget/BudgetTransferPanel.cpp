@@ -1,14 +1,14 @@
 #include "budget/BudgetTransferPanel.h"
 
-#include "ui/Named.h"
 #include "budget/BudgetBook.h"
 #include "budget/BudgetTransferModel.h"
 #include "budget/BudgetTransfers.h"
 #include "core/Clock.h"
-#include "ui/DateBox.h"
 #include "core/EntryChecks.h"
-#include "ui/ErrorLabel.h"
 #include "core/Interaction.h"
+#include "ui/DateBox.h"
+#include "ui/ErrorLabel.h"
+#include "ui/Named.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -36,9 +36,12 @@ BudgetTransferPanel::BudgetTransferPanel(Interaction &interaction, QWidget *pare
       m_single(named(new QRadioButton(tr("Single Transfer"), this), "optIndTrans")),
       m_periodic(named(new QRadioButton(this), "optMthlyTrans")),
       m_removal(named(new QRadioButton(this), "optRemMonTransfer")),
-      m_from(named(new QComboBox(this), "cmbBudFrom")), m_to(named(new QComboBox(this), "cmbBudTo")),
-      m_amount(named(new QLineEdit(this), "cmbamt(3)")), m_date(named(new DateBox(this), "cmbDate(5)")),
-      m_description(named(new QLineEdit(this), "txtBudTransDesc")), m_memo(named(new QLineEdit(this), "txtBudMemo")),
+      m_from(named(new QComboBox(this), "cmbBudFrom")),
+      m_to(named(new QComboBox(this), "cmbBudTo")),
+      m_amount(named(new QLineEdit(this), "cmbamt(3)")),
+      m_date(named(new DateBox(this), "cmbDate(5)")),
+      m_description(named(new QLineEdit(this), "txtBudTransDesc")),
+      m_memo(named(new QLineEdit(this), "txtBudMemo")),
       m_error(named(new QLabel(this), "lblTransbudError")),
       m_transfer(named(new QPushButton(tr("Transfer"), this), "cmdTransBudget")),
       m_change(named(new QPushButton(tr("Change"), this), "cmdChngBudTrans"))
@@ -108,9 +111,11 @@ BudgetTransferPanel::BudgetTransferPanel(Interaction &interaction, QWidget *pare
     buttons->addWidget(clear);
     buttons->addWidget(m_change);
     buttons->addWidget(m_transfer);
-    auto *help = new QLabel(tr("Transferring money into budget categories is the budgeting process. "
-                               "Click a transfer to change it; the actions below do not change the "
-                               "original budget transfers."), this);
+    auto *help
+        = new QLabel(tr("Transferring money into budget categories is the budgeting process. "
+                        "Click a transfer to change it; the actions below do not change the "
+                        "original budget transfers."),
+                     this);
     help->setWordWrap(true);
     help->setStyleSheet(QStringLiteral("color: #44546a; font-size: 11px;"));
 
@@ -181,8 +186,8 @@ void BudgetTransferPanel::fillPeriodic()
     }
     m_amount->setText(total.isZero() ? QStringLiteral("0") : total.toFixedText());
     m_amount->setEnabled(false);
-    m_description->setText(BudgetTransfers::periodicDescription(m_kind == Kind::Removal, total, m_period,
-                                                                m_date->currentText()));
+    m_description->setText(BudgetTransfers::periodicDescription(m_kind == Kind::Removal, total,
+                                                                m_period, m_date->currentText()));
 }
 
 void BudgetTransferPanel::onKindChosen(Kind kind)
@@ -284,11 +289,14 @@ void BudgetTransferPanel::onRowClicked(const QModelIndex &index)
     for (const BudgetTransfers::Entry &e : BudgetTransfers(m_files).list())
         if (e.recordNumber == n)
             t = e.record;
-    if (t.FromBudNum == BudgetTransfers::PeriodicCode || t.FromBudNum == BudgetTransfers::RemovalCode) {
+    if (t.FromBudNum == BudgetTransfers::PeriodicCode
+        || t.FromBudNum == BudgetTransfers::RemovalCode) {
         m_title->setText(TransferTitle);
         m_error->setText(t.FromBudNum == BudgetTransfers::PeriodicCode
-                             ? QStringLiteral("To Change: Use Remove a ") + m_period + QStringLiteral(" Budget Transfer. ")
-                             : QStringLiteral("To Change: Use Make a ") + m_period + QStringLiteral(" Budget Transfer."));
+                             ? QStringLiteral("To Change: Use Remove a ") + m_period
+                                   + QStringLiteral(" Budget Transfer. ")
+                             : QStringLiteral("To Change: Use Make a ") + m_period
+                                   + QStringLiteral(" Budget Transfer."));
         return;
     }
     onClear();
@@ -319,10 +327,11 @@ void BudgetTransferPanel::onRemoveSelected()
         m_interaction.beep();
         return;
     }
-    const auto answer = m_interaction.messageBox(
-        QStringLiteral("Remove the ") + QString::number(records.size())
-            + QStringLiteral(" selected transfer(s) from the list "),
-        QStringLiteral("Remove Selected Budget Transfers"), Interaction::Icon::Question, Interaction::Buttons::YesNo);
+    const auto answer
+        = m_interaction.messageBox(QStringLiteral("Remove the ") + QString::number(records.size())
+                                       + QStringLiteral(" selected transfer(s) from the list "),
+                                   QStringLiteral("Remove Selected Budget Transfers"),
+                                   Interaction::Icon::Question, Interaction::Buttons::YesNo);
     if (answer != Interaction::Answer::Yes)
         return;
     const BudgetTransfers::Result result = BudgetTransfers(m_files).remove(records);

@@ -1,8 +1,8 @@
 #include "budget/BudgetTransfers.h"
 
 #include "budget/BudgetBook.h"
-#include "records/BudgetRecord.h"
 #include "core/EntryChecks.h"
+#include "records/BudgetRecord.h"
 #include "records/RecordFile.h"
 #include "records/UnitOfWork.h"
 
@@ -12,7 +12,8 @@
 namespace {
 
 // Moves a category's balance inside a unit; number 0 (disposable cash) has no record.
-void move(UnitOfWork &unit, const DataFiles &files, int budNum, Currency by, bool floorAtZero = false)
+void move(UnitOfWork &unit, const DataFiles &files, int budNum, Currency by,
+          bool floorAtZero = false)
 {
     if (budNum == 0)
         return;
@@ -30,7 +31,8 @@ BudgetTransfers::BudgetTransfers(DataFiles files) : m_files(std::move(files)) {}
 std::vector<BudgetTransfers::Entry> BudgetTransfers::list() const
 {
     std::vector<Entry> out;
-    const std::vector<BudgetTransRecord> all = RecordFile<BudgetTransRecord>(m_files.budgetTransfers()).readAll();
+    const std::vector<BudgetTransRecord> all
+        = RecordFile<BudgetTransRecord>(m_files.budgetTransfers()).readAll();
     for (std::size_t i = 0; i < all.size(); ++i)
         if (!all[i].isDeleted())
             out.push_back({int(i) + 1, all[i]});
@@ -41,10 +43,11 @@ QString BudgetTransfers::periodicDescription(bool remove, Currency total, const 
                                              const QString &date)
 {
     if (remove)
-        return QStringLiteral("Remove Transfer of ") + total.toCurrencyText() + QStringLiteral(" from Budget for ")
-               + period + QStringLiteral(" Period starting on ") + date;
-    return QStringLiteral("Transfer ") + total.toCurrencyText() + QStringLiteral(" to Budget for ") + period
-           + QStringLiteral(" Period starting on ") + date;
+        return QStringLiteral("Remove Transfer of ") + total.toCurrencyText()
+               + QStringLiteral(" from Budget for ") + period
+               + QStringLiteral(" Period starting on ") + date;
+    return QStringLiteral("Transfer ") + total.toCurrencyText() + QStringLiteral(" to Budget for ")
+           + period + QStringLiteral(" Period starting on ") + date;
 }
 
 BudgetTransfers::Result BudgetTransfers::refuse(const QString &error, const QString &title) const
@@ -76,8 +79,8 @@ std::optional<BudgetTransfers::Result> BudgetTransfers::amountChecks(const QStri
     return std::nullopt;
 }
 
-BudgetTransfers::Result BudgetTransfers::record(UnitOfWork &unit, const Request &request, int from, int to,
-                                                Currency amount) const
+BudgetTransfers::Result BudgetTransfers::record(UnitOfWork &unit, const Request &request, int from,
+                                                int to, Currency amount) const
 {
     BudgetTransRecord t;
     t.Date = EntryChecks::formatLongDate(*EntryChecks::parseDate(request.date));
@@ -100,7 +103,8 @@ BudgetTransfers::Result BudgetTransfers::record(UnitOfWork &unit, const Request 
 
 int BudgetTransfers::freeSlot() const
 {
-    const std::vector<BudgetTransRecord> all = RecordFile<BudgetTransRecord>(m_files.budgetTransfers()).readAll();
+    const std::vector<BudgetTransRecord> all
+        = RecordFile<BudgetTransRecord>(m_files.budgetTransfers()).readAll();
     for (std::size_t i = 0; i < all.size(); ++i)
         if (all[i].isDeleted())
             return int(i) + 1;
@@ -127,7 +131,8 @@ BudgetTransfers::Result BudgetTransfers::periodic(const Request &request, bool r
     }
     if (total.isZero())
         return refuse(SetUpBudget);
-    return record(unit, request, remove ? RemovalCode : PeriodicCode, remove ? PeriodicCode : RemovalCode, total);
+    return record(unit, request, remove ? RemovalCode : PeriodicCode,
+                  remove ? PeriodicCode : RemovalCode, total);
 }
 
 BudgetTransfers::Result BudgetTransfers::single(const Request &request, bool confirmed)
@@ -148,8 +153,9 @@ BudgetTransfers::Result BudgetTransfers::single(const Request &request, bool con
         if (source.Balance - amount < Currency()) {
             if (!confirmed) {
                 Result r;
-                r.warning = amount.toCurrencyText() + QStringLiteral(" exceeds the ") + source.BudName.text().trimmed()
-                            + QStringLiteral(" balance of ") + source.Balance.toCurrencyText() + QStringLiteral(". ")
+                r.warning = amount.toCurrencyText() + QStringLiteral(" exceeds the ")
+                            + source.BudName.text().trimmed() + QStringLiteral(" balance of ")
+                            + source.Balance.toCurrencyText() + QStringLiteral(". ")
                             + (amount - source.Balance).toCurrencyText()
                             + QStringLiteral(" will be taken from disposable cash)");
                 return r;
@@ -209,8 +215,10 @@ BudgetTransfers::Result BudgetTransfers::remove(QList<int> recordNumbers)
     const QString path = m_files.budgetTransfers();
     std::vector<BudgetTransRecord> all = RecordFile<BudgetTransRecord>(path).readAll();
     std::sort(recordNumbers.begin(), recordNumbers.end());
-    recordNumbers.erase(std::unique(recordNumbers.begin(), recordNumbers.end()), recordNumbers.end());
-    if (recordNumbers.isEmpty() || recordNumbers.first() < 1 || recordNumbers.last() > int(all.size()))
+    recordNumbers.erase(std::unique(recordNumbers.begin(), recordNumbers.end()),
+                        recordNumbers.end());
+    if (recordNumbers.isEmpty() || recordNumbers.first() < 1
+        || recordNumbers.last() > int(all.size()))
         return refuse(QStringLiteral("Select the transfers to remove"));
 
     std::vector<BudgetTransRecord> kept;

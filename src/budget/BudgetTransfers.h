@@ -6,8 +6,8 @@
 class UnitOfWork;
 
 #include <QList>
-#include <optional>
 #include <QString>
+#include <optional>
 
 #include <vector>
 
@@ -36,7 +36,7 @@ public:
         QString date;
         QString description;
         QString memo;
-        int from = -1;          // category number, 0 for disposable cash, -1 for none chosen
+        int from = -1; // category number, 0 for disposable cash, -1 for none chosen
         int to = -1;
         QString amountText;
     };
@@ -44,9 +44,9 @@ public:
     struct Result
     {
         bool ok = false;
-        QString error;        // for lblTransbudError
-        QString title;        // set when the error is a message box
-        QString warning;      // set when the transfer needs confirming (frmFund)
+        QString error;   // for lblTransbudError
+        QString title;   // set when the error is a message box
+        QString warning; // set when the transfer needs confirming (frmFund)
         int recordNumber = 0;
     };
 
@@ -68,7 +68,8 @@ public:
 
     inline static const QString CompleteAll = QStringLiteral("Complete all Entries");
     inline static const QString SetUpBudget = QStringLiteral(" Please set up a monthly budget");
-    inline static const QString DifferentCategories = QStringLiteral("Select different budget categories");
+    inline static const QString DifferentCategories
+        = QStringLiteral("Select different budget categories");
     inline static const QString ExceededTitle = QStringLiteral("Budget Balance exceeded");
 
 private:
@@ -77,7 +78,8 @@ private:
     std::optional<Result> amountChecks(const QString &text) const;
     int freeSlot() const;
     // Writes the new transfer record (into the first free record) and commits.
-    Result record(UnitOfWork &unit, const Request &request, int from, int to, Currency amount) const;
+    Result record(UnitOfWork &unit, const Request &request, int from, int to,
+                  Currency amount) const;
 
     DataFiles m_files;
 };

@@ -20,8 +20,9 @@ QString formatLongDate(const QDate &date);  // "mm/dd/yyyy", as dates are stored
 QString formatShortDate(const QDate &date); // "mm/dd/yy"
 
 inline const QString BadDateTitle = QStringLiteral(" Not a valid date!");
-inline const QString BadDateText = QStringLiteral(
-    "Please insert a date in the format:\n\n    mm/dd/yy or mm/dd/yyyy \n\n or use the dropdown Calendar.");
+inline const QString BadDateText
+    = QStringLiteral("Please insert a date in the format:\n\n    mm/dd/yy or mm/dd/yyyy \n\n or "
+                     "use the dropdown Calendar.");
 
 inline const QString MaxAmountTitle = QStringLiteral("Maximum Number Exceeded");
 inline const QString MaxAmountText = QStringLiteral("Maximum Number is 90,000,000,000");

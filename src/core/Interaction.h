@@ -17,8 +17,8 @@ public:
 
     virtual ~Interaction() = default;
 
-    virtual Answer messageBox(const QString &text, const QString &title, Icon icon,
-                              Buttons buttons) = 0;
+    virtual Answer messageBox(const QString &text, const QString &title, Icon icon, Buttons buttons)
+        = 0;
     // frmFund: 0 when the user chose Continue, 1 for Cancel or closing the window.
     virtual int fund(const QString &title, const QString &text) = 0;
     virtual void beep() = 0;

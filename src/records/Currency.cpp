@@ -103,7 +103,8 @@ QString Currency::toCurrencyText() const
     const std::int64_t cents = roundedCents();
     const std::int64_t mag = cents < 0 ? -cents : cents;
     const QString body = QLatin1Char('$') + groupThousands(QString::number(mag / 100))
-                         + QLatin1Char('.') + QStringLiteral("%1").arg(mag % 100, 2, 10, QLatin1Char('0'));
+                         + QLatin1Char('.')
+                         + QStringLiteral("%1").arg(mag % 100, 2, 10, QLatin1Char('0'));
     return cents < 0 ? QLatin1Char('(') + body + QLatin1Char(')') : body;
 }
 

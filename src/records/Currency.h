@@ -41,8 +41,16 @@ public:
     constexpr Currency operator-() const { return Currency(-m_raw); }
     constexpr Currency operator+(Currency o) const { return Currency(m_raw + o.m_raw); }
     constexpr Currency operator-(Currency o) const { return Currency(m_raw - o.m_raw); }
-    constexpr Currency &operator+=(Currency o) { m_raw += o.m_raw; return *this; }
-    constexpr Currency &operator-=(Currency o) { m_raw -= o.m_raw; return *this; }
+    constexpr Currency &operator+=(Currency o)
+    {
+        m_raw += o.m_raw;
+        return *this;
+    }
+    constexpr Currency &operator-=(Currency o)
+    {
+        m_raw -= o.m_raw;
+        return *this;
+    }
     constexpr auto operator<=>(const Currency &) const = default;
 
 private:
@@ -52,4 +60,7 @@ private:
 
 // Amounts whose size reaches this are refused everywhere an amount is typed.
 inline constexpr Currency MaxAmount = Currency::fromUnits(90'000'000'000LL);
-inline bool exceedsMaxAmount(Currency c) { return c.abs() >= MaxAmount; }
+inline bool exceedsMaxAmount(Currency c)
+{
+    return c.abs() >= MaxAmount;
+}

@@ -26,13 +26,34 @@ QString DataFiles::prefixed(const QString &base) const
     return m_sample ? QStringLiteral("Sample ") + base : base;
 }
 
-QString DataFiles::genInfo() const { return inData(QStringLiteral("Geninfo.dat")); }
-QString DataFiles::accountList() const { return inData(prefixed(QStringLiteral("BankAcctName")) + QStringLiteral(".Dat")); }
-QString DataFiles::budget() const { return inData(prefixed(QStringLiteral("Budget")) + QStringLiteral(".Dat")); }
-QString DataFiles::budgetTransfers() const { return inData(prefixed(QStringLiteral("trans Budget")) + QStringLiteral(".Dat")); }
-QString DataFiles::payees() const { return inData(prefixed(QStringLiteral("Payee")) + QStringLiteral(".Dat")); }
-QString DataFiles::archiveList() const { return inData(prefixed(QStringLiteral("Archive.Dat"))); }
-QString DataFiles::periodBase() const { return prefixed(QStringLiteral("Period")); }
+QString DataFiles::genInfo() const
+{
+    return inData(QStringLiteral("Geninfo.dat"));
+}
+QString DataFiles::accountList() const
+{
+    return inData(prefixed(QStringLiteral("BankAcctName")) + QStringLiteral(".Dat"));
+}
+QString DataFiles::budget() const
+{
+    return inData(prefixed(QStringLiteral("Budget")) + QStringLiteral(".Dat"));
+}
+QString DataFiles::budgetTransfers() const
+{
+    return inData(prefixed(QStringLiteral("trans Budget")) + QStringLiteral(".Dat"));
+}
+QString DataFiles::payees() const
+{
+    return inData(prefixed(QStringLiteral("Payee")) + QStringLiteral(".Dat"));
+}
+QString DataFiles::archiveList() const
+{
+    return inData(prefixed(QStringLiteral("Archive.Dat")));
+}
+QString DataFiles::periodBase() const
+{
+    return prefixed(QStringLiteral("Period"));
+}
 
 QString DataFiles::registerFile(const QString &accountName) const
 {

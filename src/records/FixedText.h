@@ -10,8 +10,7 @@
 // A fixed-width text field exactly as it lies on disk: N single-byte
 // characters, blank padded. Decoding a record copies the bytes; conversion to
 // QString happens only when a field is looked at.
-template<int N>
-class FixedText
+template<int N> class FixedText
 {
 public:
     FixedText() { m_bytes.fill(' '); }
@@ -25,7 +24,11 @@ public:
         std::memcpy(m_bytes.data(), enc.constData(), n);
         std::memset(m_bytes.data() + n, ' ', N - n);
     }
-    FixedText &operator=(const QString &text) { set(text); return *this; }
+    FixedText &operator=(const QString &text)
+    {
+        set(text);
+        return *this;
+    }
 
     // The text with trailing blanks (and the NULs of a never-written field) trimmed.
     QString text() const { return Cp1252::decode(m_bytes.data(), trimmedLength()); }

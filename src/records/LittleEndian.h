@@ -23,15 +23,27 @@ inline void putUnsigned(char *p, std::uint64_t v, int width)
     }
 }
 
-inline std::int16_t getInt16(const char *p) { return static_cast<std::int16_t>(getUnsigned(p, 2)); }
-inline std::int32_t getInt32(const char *p) { return static_cast<std::int32_t>(getUnsigned(p, 4)); }
+inline std::int16_t getInt16(const char *p)
+{
+    return static_cast<std::int16_t>(getUnsigned(p, 2));
+}
+inline std::int32_t getInt32(const char *p)
+{
+    return static_cast<std::int32_t>(getUnsigned(p, 4));
+}
 inline Currency getCurrency(const char *p)
 {
     return Currency::fromRaw(static_cast<std::int64_t>(getUnsigned(p, 8)));
 }
 
-inline void putInt16(char *p, std::int16_t v) { putUnsigned(p, static_cast<std::uint16_t>(v), 2); }
-inline void putInt32(char *p, std::int32_t v) { putUnsigned(p, static_cast<std::uint32_t>(v), 4); }
+inline void putInt16(char *p, std::int16_t v)
+{
+    putUnsigned(p, static_cast<std::uint16_t>(v), 2);
+}
+inline void putInt32(char *p, std::int32_t v)
+{
+    putUnsigned(p, static_cast<std::uint32_t>(v), 4);
+}
 inline void putCurrency(char *p, Currency v)
 {
     putUnsigned(p, static_cast<std::uint64_t>(v.raw()), 8);

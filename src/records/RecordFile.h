@@ -5,8 +5,7 @@
 #include <vector>
 
 // A file of records of one type R (R::Size bytes, R::decode / R::encode).
-template<typename R>
-class RecordFile
+template<typename R> class RecordFile
 {
 public:
     explicit RecordFile(const QString &path) : m_raw(path, R::Size) {}

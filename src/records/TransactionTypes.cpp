@@ -8,13 +8,20 @@ namespace TransactionTypes {
 int typeNum(const QString &typeText)
 {
     static const std::array<std::pair<QString, int>, 14> table = {{
-        {QStringLiteral("Deposit"), 1}, {QStringLiteral("ATM Deposit"), 2},
-        {QStringLiteral("Direct Deposit"), 3}, {QStringLiteral("Interest Received"), 4},
-        {QStringLiteral("Credit"), 5}, {QStringLiteral("Withdrawal"), 7},
-        {QStringLiteral("Debit Card"), 8}, {QStringLiteral("ATM Withdrawal"), 9},
-        {QStringLiteral("Auto Payment"), 10}, {QStringLiteral("Auto Charge"), 10},
-        {QStringLiteral("Bank Fee"), 11}, {QStringLiteral("Interest Charge"), 13},
-        {QStringLiteral("Charge"), 14}, {QStringLiteral("Starting Balance"), 15},
+        {QStringLiteral("Deposit"), 1},
+        {QStringLiteral("ATM Deposit"), 2},
+        {QStringLiteral("Direct Deposit"), 3},
+        {QStringLiteral("Interest Received"), 4},
+        {QStringLiteral("Credit"), 5},
+        {QStringLiteral("Withdrawal"), 7},
+        {QStringLiteral("Debit Card"), 8},
+        {QStringLiteral("ATM Withdrawal"), 9},
+        {QStringLiteral("Auto Payment"), 10},
+        {QStringLiteral("Auto Charge"), 10},
+        {QStringLiteral("Bank Fee"), 11},
+        {QStringLiteral("Interest Charge"), 13},
+        {QStringLiteral("Charge"), 14},
+        {QStringLiteral("Starting Balance"), 15},
     }};
     const QString t = typeText.trimmed();
     if (t.startsWith(QStringLiteral("Check")))
@@ -39,10 +46,14 @@ Sign sign(int num)
 Currency signedAmount(int num, Currency typed)
 {
     switch (sign(num)) {
-    case Sign::Deposit: return typed.abs();
-    case Sign::Withdrawal: return -typed.abs();
-    case Sign::AsTyped: return typed;
-    case Sign::None: break;
+    case Sign::Deposit:
+        return typed.abs();
+    case Sign::Withdrawal:
+        return -typed.abs();
+    case Sign::AsTyped:
+        return typed;
+    case Sign::None:
+        break;
     }
     return Currency();
 }

@@ -124,7 +124,8 @@ QByteArray UnitOfWork::read(const QString &path, int recordLength, int n) const
     return file.read(n);
 }
 
-QByteArray UnitOfWork::serialize(const std::vector<Rename> &renames, const std::vector<Write> &writes)
+QByteArray UnitOfWork::serialize(const std::vector<Rename> &renames,
+                                 const std::vector<Write> &writes)
 {
     QByteArray body;
     QDataStream out(&body, QIODevice::WriteOnly);
@@ -167,7 +168,8 @@ bool UnitOfWork::apply(const QString &dataDir, const std::vector<Rename> &rename
         const QString path = dataDir + QLatin1Char('/') + w.file;
         created = created || !QFileInfo::exists(path);
         QFile f(path);
-        if (!f.open(QIODevice::ReadWrite) || !f.seek(w.offset) || f.write(w.bytes) != w.bytes.size()) {
+        if (!f.open(QIODevice::ReadWrite) || !f.seek(w.offset)
+            || f.write(w.bytes) != w.bytes.size()) {
             if (error)
                 *error = QStringLiteral("Could not write \"%1\": %2").arg(w.file, f.errorString());
             return false;
@@ -195,12 +197,14 @@ bool UnitOfWork::commit()
         // once everything is flushed: that rename is the moment of commit.
         QSaveFile save(journal);
         if (!save.open(QIODevice::WriteOnly)) {
-            m_error = QStringLiteral("Could not write to the data folder: %1").arg(save.errorString());
+            m_error
+                = QStringLiteral("Could not write to the data folder: %1").arg(save.errorString());
             return false;
         }
         save.write(serialize(m_renames, m_writes));
         if (!save.commit()) {
-            m_error = QStringLiteral("Could not write to the data folder: %1").arg(save.errorString());
+            m_error
+                = QStringLiteral("Could not write to the data folder: %1").arg(save.errorString());
             return false;
         }
     }
@@ -221,7 +225,8 @@ bool UnitOfWork::recover(const QString &dataDir, QString *error)
 {
     const QString journal = journalPath(dataDir);
     // Left-overs of a journal that was being written when the program stopped.
-    const QStringList partial = QDir(dataDir).entryList({QStringLiteral("Quillmere.journal.*")}, QDir::Files);
+    const QStringList partial
+        = QDir(dataDir).entryList({QStringLiteral("Quillmere.journal.*")}, QDir::Files);
     for (const QString &name : partial)
         QFile::remove(dataDir + QLatin1Char('/') + name);
     QFile f(journal);

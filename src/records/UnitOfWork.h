@@ -27,8 +27,7 @@ public:
 
     // Writes record n (from 1) of a file of fixed-length records.
     void write(const QString &path, int recordLength, int n, const QByteArray &record);
-    template<typename R>
-    void write(const QString &path, int n, const R &r)
+    template<typename R> void write(const QString &path, int n, const R &r)
     {
         write(path, R::Size, n, encoded(r));
     }
@@ -36,8 +35,7 @@ public:
     // Appends after the last record, counting appends already in this unit.
     // Returns the new record number, or 0 (and sets error()) when the file is full.
     int append(const QString &path, int recordLength, const QByteArray &record);
-    template<typename R>
-    int append(const QString &path, const R &r)
+    template<typename R> int append(const QString &path, const R &r)
     {
         return append(path, R::Size, encoded(r));
     }
@@ -49,8 +47,7 @@ public:
     int count(const QString &path, int recordLength) const;
     // Record n as it will be after this unit (pending writes win over the disk).
     QByteArray read(const QString &path, int recordLength, int n) const;
-    template<typename R>
-    R read(const QString &path, int n) const
+    template<typename R> R read(const QString &path, int n) const
     {
         return R::decode(read(path, R::Size, n).constData());
     }
@@ -71,8 +68,7 @@ public:
     // done; tests use it to stop a commit half way.
     static void setStepHook(std::function<void(int)> hook);
 
-    template<typename R>
-    static QByteArray encoded(const R &r)
+    template<typename R> static QByteArray encoded(const R &r)
     {
         QByteArray b(R::Size, '\0');
         r.encode(b.data());
@@ -93,7 +89,8 @@ private:
     };
 
     QString fileName(const QString &path) const;
-    static QByteArray serialize(const std::vector<Rename> &renames, const std::vector<Write> &writes);
+    static QByteArray serialize(const std::vector<Rename> &renames,
+                                const std::vector<Write> &writes);
     static bool apply(const QString &dataDir, const std::vector<Rename> &renames,
                       const std::vector<Write> &writes, QString *error);
 

@@ -3,12 +3,12 @@
 #include "accounts/AccountBook.h"
 #include "budget/BudgetBook.h"
 #include "budget/BudgetPosting.h"
-#include "register/CheckNumbers.h"
 #include "core/EntryChecks.h"
-#include "register/LinkedRecords.h"
 #include "records/RecordFile.h"
 #include "records/TransactionTemplate.h"
 #include "records/UnitOfWork.h"
+#include "register/CheckNumbers.h"
+#include "register/LinkedRecords.h"
 
 #include <QFileInfo>
 
@@ -71,14 +71,15 @@ CardPayments::Result CardPayments::add(int bankNum, TransRecord bankSide, int ca
     AccountBook book(m_files);
     BankAcctRecord bank = book.read(bankNum);
     BankAcctRecord card = book.read(cardBankNum);
-    if (bankNum < 1 || bank.isDeleted() || cardBankNum < 1 || cardBankNum > book.count() || card.isDeleted()
-        || !card.Type.is(QStringLiteral("CC")))
+    if (bankNum < 1 || bank.isDeleted() || cardBankNum < 1 || cardBankNum > book.count()
+        || card.isDeleted() || !card.Type.is(QStringLiteral("CC")))
         return refuse(QStringLiteral("That credit card is no longer in the account list"));
     const QString bankPath = m_files.registerFile(bank.BankName.text());
     const QString cardPath = m_files.registerFile(card.BankName.text());
     for (const QString &path : {bankPath, cardPath})
         if (!QFileInfo::exists(path))
-            return refuse(QStringLiteral("The register \"%1\" is missing").arg(QFileInfo(path).fileName()));
+            return refuse(
+                QStringLiteral("The register \"%1\" is missing").arg(QFileInfo(path).fileName()));
 
     UnitOfWork unit(m_files.dataDir());
     const int bankRecord = unit.count(bankPath, TransRecord::Size) + 1;
@@ -116,10 +117,12 @@ CardPayments::Result CardPayments::add(int bankNum, TransRecord bankSide, int ca
     return r;
 }
 
-CardPayments::Result CardPayments::change(int bankNum, int bankRecord, TransRecord bankSide, int cardBankNum)
+CardPayments::Result CardPayments::change(int bankNum, int bankRecord, TransRecord bankSide,
+                                          int cardBankNum)
 {
     const BankAcctRecord owner = AccountBook(m_files).read(bankNum);
-    const TransRecord stored = RecordFile<TransRecord>(m_files.registerFile(owner.BankName.text())).read(bankRecord);
+    const TransRecord stored
+        = RecordFile<TransRecord>(m_files.registerFile(owner.BankName.text())).read(bankRecord);
     const auto found = LinkedRecords::find(m_files, stored);
     if (!found.records)
         return refuse(found.problem);
@@ -161,12 +164,13 @@ CardPayments::Result CardPayments::change(int bankNum, int bankRecord, TransReco
     return r;
 }
 
-CardPayments::Result CardPayments::changeFromCard(int cardBankNum, int cardRecord, const QString &amountText,
-                                                  const QString &date, const QString &description,
-                                                  const QString &memo)
+CardPayments::Result CardPayments::changeFromCard(int cardBankNum, int cardRecord,
+                                                  const QString &amountText, const QString &date,
+                                                  const QString &description, const QString &memo)
 {
     const BankAcctRecord card = AccountBook(m_files).read(cardBankNum);
-    const TransRecord stored = RecordFile<TransRecord>(m_files.registerFile(card.BankName.text())).read(cardRecord);
+    const TransRecord stored
+        = RecordFile<TransRecord>(m_files.registerFile(card.BankName.text())).read(cardRecord);
     const auto found = LinkedRecords::find(m_files, stored);
     if (!found.records)
         return refuse(found.problem);
@@ -183,5 +187,6 @@ CardPayments::Result CardPayments::changeFromCard(int cardBankNum, int cardRecor
     bankSide.Date = EntryChecks::formatLongDate(*day);
     bankSide.Description = description.trimmed();
     bankSide.Memo = memo;
-    return change(found.records->fromAccount.BankNum, found.records->fromRecord, bankSide, cardBankNum);
+    return change(found.records->fromAccount.BankNum, found.records->fromRecord, bankSide,
+                  cardBankNum);
 }

@@ -17,7 +17,7 @@ public:
     {
         bool ok = false;
         QString error;
-        QString title;     // set when the error is a message box
+        QString title; // set when the error is a message box
         int bankRecord = 0;
         int cardRecord = 0;
     };
@@ -29,8 +29,8 @@ public:
     Result change(int bankNum, int bankRecord, TransRecord bankSide, int cardBankNum);
     // The same, started from the card side: amount (positive), date,
     // description and memo as the card's register shows them.
-    Result changeFromCard(int cardBankNum, int cardRecord, const QString &amountText, const QString &date,
-                          const QString &description, const QString &memo);
+    Result changeFromCard(int cardBankNum, int cardRecord, const QString &amountText,
+                          const QString &date, const QString &description, const QString &memo);
 
 private:
     Result refuse(const QString &error, const QString &title = {}) const;

@@ -1,9 +1,9 @@
 #include "register/EntryRow.h"
 
-#include "ui/Named.h"
 #include "register/CheckNumbers.h"
 #include "ui/DateBox.h"
 #include "ui/KeyFilter.h"
+#include "ui/Named.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -27,15 +27,20 @@ QLabel *caption(const QString &text, QWidget *parent)
 EntryRow::EntryRow(QWidget *parent)
     : QWidget(parent), title(named(new QLabel(this), "lblEntryTitle")),
       type(named(new QComboBox(this), "cmbType")), date(named(new DateBox(this), "cmbDate")),
-      payee(named(new QComboBox(this), "cmbDesc")), addPayee(named(new QPushButton(tr("+"), this), "cmdAddDesc")),
+      payee(named(new QComboBox(this), "cmbDesc")),
+      addPayee(named(new QPushButton(tr("+"), this), "cmdAddDesc")),
       deletePayee(named(new QPushButton(tr("\u2212"), this), "cmdDelDesc")),
-      amount(named(new QLineEdit(this), "cmbamt")), debit(named(new QRadioButton(tr("Debit"), this), "optdebitchng")),
+      amount(named(new QLineEdit(this), "cmbamt")),
+      debit(named(new QRadioButton(tr("Debit"), this), "optdebitchng")),
       credit(named(new QRadioButton(tr("Credit"), this), "optcreditchng")),
-      category(named(new QComboBox(this), "cmbBudItems")), card(named(new QComboBox(this), "cmbCreditCards")),
+      category(named(new QComboBox(this), "cmbBudItems")),
+      card(named(new QComboBox(this), "cmbCreditCards")),
       memo(named(new QLineEdit(this), "txtBoxMemo")), cleared(named(new QLabel(this), "lblCheck")),
-      checkPrompt(named(new QLabel(this), "Label(2)")), checkNumber(named(new QLineEdit(this), "txtchkno")),
-      checkOk(named(new QPushButton(tr("OK"), this), "cmdchkno")), error(named(new QLabel(this), "lblTranserror")),
-      notice(named(new QLabel(this), "lblNotice")), enter(named(new QPushButton(tr("Enter"), this), "cmdEnterTrans")),
+      checkPrompt(named(new QLabel(this), "Label(2)")),
+      checkNumber(named(new QLineEdit(this), "txtchkno")),
+      checkOk(named(new QPushButton(tr("OK"), this), "cmdchkno")),
+      error(named(new QLabel(this), "lblTranserror")), notice(named(new QLabel(this), "lblNotice")),
+      enter(named(new QPushButton(tr("Enter"), this), "cmdEnterTrans")),
       quick(named(new QPushButton(tr("Quick Entry"), this), "cmdNew")),
       clear(named(new QPushButton(tr("Clear"), this), "cmdClear")),
       voidButton(named(new QPushButton(tr("Void"), this), "cmdVoid"))
@@ -62,7 +67,8 @@ EntryRow::EntryRow(QWidget *parent)
     cleared->setStyleSheet(QStringLiteral("color: #1e7b34; font-weight: bold;"));
     checkNumber->setMaximumWidth(100);
     new KeyFilter(checkNumber, checkOk, &CheckNumbers::acceptsKey);
-    quick->setToolTip(tr("Enter the row as a new transaction; the one it came from stays as it is"));
+    quick->setToolTip(
+        tr("Enter the row as a new transaction; the one it came from stays as it is"));
     voidButton->setToolTip(tr("Void the transaction picked in the register"));
     error->setStyleSheet(QStringLiteral("color: #c0392b;"));
     notice->setStyleSheet(QStringLiteral("color: #8a5a00;"));
@@ -141,4 +147,3 @@ void EntryRow::showSignOptions(bool shown)
     debit->setVisible(shown);
     credit->setVisible(shown);
 }
-

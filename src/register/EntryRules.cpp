@@ -1,9 +1,9 @@
 #include "register/EntryRules.h"
 
-#include "register/CheckNumbers.h"
 #include "core/EntryChecks.h"
 #include "records/TransactionTemplate.h"
 #include "records/TransactionTypes.h"
+#include "register/CheckNumbers.h"
 
 #include <limits>
 
@@ -33,16 +33,19 @@ QStringList typesFor(const QString &kindCode)
 {
     const QString k = kindCode.trimmed();
     if (k == QStringLiteral("CC"))
-        return {QStringLiteral("Charge"), QStringLiteral("Credit"), QStringLiteral("Interest Charge"),
-                QStringLiteral("Auto Charge"), QStringLiteral("Bank Fee")};
+        return {QStringLiteral("Charge"), QStringLiteral("Credit"),
+                QStringLiteral("Interest Charge"), QStringLiteral("Auto Charge"),
+                QStringLiteral("Bank Fee")};
     QStringList types;
     if (isCheckKind(k))
         types << CheckNumbers::NextCheck << CheckNumbers::EnterCheck;
-    types << QStringLiteral("Deposit") << QStringLiteral("ATM Deposit") << QStringLiteral("Direct Deposit")
-          << QStringLiteral("Interest Received") << QStringLiteral("Withdrawal");
+    types << QStringLiteral("Deposit") << QStringLiteral("ATM Deposit")
+          << QStringLiteral("Direct Deposit") << QStringLiteral("Interest Received")
+          << QStringLiteral("Withdrawal");
     if (k != QStringLiteral("SV"))
         types << QStringLiteral("Debit Card");
-    types << QStringLiteral("ATM Withdrawal") << QStringLiteral("Auto Payment") << QStringLiteral("Bank Fee");
+    types << QStringLiteral("ATM Withdrawal") << QStringLiteral("Auto Payment")
+          << QStringLiteral("Bank Fee");
     return types;
 }
 
@@ -69,24 +72,31 @@ std::optional<Refusal> validate(const QString &kindCode, const Input &input)
     if (input.typeText.trimmed().isEmpty() || input.payee.trimmed().isEmpty()
         || input.amountText.trimmed().isEmpty() || input.dateText.trimmed().isEmpty())
         return Refusal{Refusal::Where::Label, CompleteAll, {}};
-    if (input.budgetIndex < 0 || input.cardIndex < 0 || (input.budgetIndex > 0 && input.cardIndex > 0))
+    if (input.budgetIndex < 0 || input.cardIndex < 0
+        || (input.budgetIndex > 0 && input.cardIndex > 0))
         return Refusal{Refusal::Where::Label, SelectCategory, {}};
     if (!EntryChecks::ValidateEntryDate(input.dateText))
-        return Refusal{Refusal::Where::MessageBox, EntryChecks::BadDateText, EntryChecks::BadDateTitle};
+        return Refusal{Refusal::Where::MessageBox, EntryChecks::BadDateText,
+                       EntryChecks::BadDateTitle};
     if (!isEnterableType(kindCode, input.typeText))
         return Refusal{Refusal::Where::Label, UnknownType, {}};
-    if (CheckNumbers::numberOfTypeText(input.typeText).value_or(0) > std::numeric_limits<std::int32_t>::max())
-        return Refusal{Refusal::Where::MessageBox, CheckNumbers::TooLargeText, CheckNumbers::TooLargeTitle};
+    if (CheckNumbers::numberOfTypeText(input.typeText).value_or(0)
+        > std::numeric_limits<std::int32_t>::max())
+        return Refusal{Refusal::Where::MessageBox, CheckNumbers::TooLargeText,
+                       CheckNumbers::TooLargeTitle};
     const auto amount = Currency::parse(input.amountText);
     if (!amount)
         return Refusal{Refusal::Where::Label, QStringLiteral("The amount must be a number"), {}};
     if (amount->isNegative())
         return Refusal{Refusal::Where::Label,
-                       QStringLiteral("Type the amount without a sign: the type gives it its sign"), {}};
+                       QStringLiteral("Type the amount without a sign: the type gives it its sign"),
+                       {}};
     if (amount->isZero() && TransactionTypes::typeNum(input.typeText) != 15)
-        return Refusal{Refusal::Where::Label, QStringLiteral("Enter an amount greater than zero"), {}};
+        return Refusal{
+            Refusal::Where::Label, QStringLiteral("Enter an amount greater than zero"), {}};
     if (exceedsMaxAmount(*amount))
-        return Refusal{Refusal::Where::MessageBox, EntryChecks::MaxAmountText, EntryChecks::MaxAmountTitle};
+        return Refusal{Refusal::Where::MessageBox, EntryChecks::MaxAmountText,
+                       EntryChecks::MaxAmountTitle};
     return std::nullopt;
 }
 
@@ -121,14 +131,16 @@ BalanceCheck checkAccountBalance(const Input &input, const QString &accountName,
     const Currency after = base + amount;
     if (after < Currency())
         check.warning = QStringLiteral("The transaction amount of ") + amount.abs().toCurrencyText()
-                        + QStringLiteral(" exceeds the ") + accountName + QStringLiteral(" balance of ")
-                        + base.toCurrencyText() + QStringLiteral(" by ") + after.abs().toCurrencyText()
+                        + QStringLiteral(" exceeds the ") + accountName
+                        + QStringLiteral(" balance of ") + base.toCurrencyText()
+                        + QStringLiteral(" by ") + after.abs().toCurrencyText()
                         + QStringLiteral(".\n\n     ---- The Account will go negative. ----");
     check.incorrectPaymentType = index < 6 && input.cardIndex > 0;
     return check;
 }
 
-TransRecord fillRecord(TransRecord r, const Input &input, const BankAcctRecord &account, int cardBudNum)
+TransRecord fillRecord(TransRecord r, const Input &input, const BankAcctRecord &account,
+                       int cardBudNum)
 {
     const QString kind = account.Type.text().trimmed();
     const QString type = input.typeText.trimmed();

@@ -22,11 +22,11 @@ struct Input
     QString amountText;
     QString dateText;
     QString memo;
-    int budgetIndex = 0;       // selection of cmbBudItems: -1 none, 0 the neutral entry
-    int budNum = 0;            // the selected category
+    int budgetIndex = 0; // selection of cmbBudItems: -1 none, 0 the neutral entry
+    int budNum = 0;      // the selected category
     QString budName;
-    int cardIndex = 0;         // selection of cmbCreditCards: -1 none, 0 the neutral entry
-    bool debit = false;        // the sign option, used by the opening entry only
+    int cardIndex = 0;  // selection of cmbCreditCards: -1 none, 0 the neutral entry
+    bool debit = false; // the sign option, used by the opening entry only
 };
 
 // Entry 0 of the category and credit-card lists: no category, no card. Its
@@ -37,7 +37,8 @@ inline const QString CompleteAll = QStringLiteral("Complete all entries");
 inline const QString SelectCategory = QStringLiteral("Select a Budget Category ");
 inline const QString IncorrectPaymentType = QStringLiteral(" Incorrect payment type");
 inline const QString NoAccountsTitle = QStringLiteral("No Bank Accounts");
-inline const QString NoAccountsText = QStringLiteral("No Bank Accounts have been set up. \nAdd a Bank Account.");
+inline const QString NoAccountsText
+    = QStringLiteral("No Bank Accounts have been set up. \nAdd a Bank Account.");
 inline const QString BalanceExceededTitle = QStringLiteral("Account Balance Exceeded");
 
 // The types offered in cmbType for an account kind ("CH", "SV", "MM", "CC").

@@ -32,21 +32,25 @@ LinkedRecords::Found LinkedRecords::find(const DataFiles &files, const TransReco
     l.toAccount = book.read(toNum);
     if (fromNum < 1 || toNum < 1 || fromNum > count || toNum > count || l.fromAccount.isDeleted()
         || l.toAccount.isDeleted()) {
-        found.problem = QStringLiteral("This transfer cannot be changed: one of its accounts has been removed.");
+        found.problem = QStringLiteral(
+            "This transfer cannot be changed: one of its accounts has been removed.");
         return found;
     }
     l.fromPath = files.registerFile(l.fromAccount.BankName.text());
     l.toPath = files.registerFile(l.toAccount.BankName.text());
     if (!QFileInfo::exists(l.fromPath) || !QFileInfo::exists(l.toPath)) {
-        found.problem = QStringLiteral("This transfer cannot be changed: the register of one of its accounts is missing.");
+        found.problem = QStringLiteral(
+            "This transfer cannot be changed: the register of one of its accounts is missing.");
         return found;
     }
     l.fromRecord = record.PaidFromBankTransRecNum;
     l.toRecord = record.PaidToBankTransRecNum;
     RecordFile<TransRecord> fromFile(l.fromPath);
     RecordFile<TransRecord> toFile(l.toPath);
-    if (l.fromRecord < 1 || l.fromRecord > fromFile.count() || l.toRecord < 1 || l.toRecord > toFile.count()) {
-        found.problem = QStringLiteral("This transfer cannot be changed: its other side is no longer in the register.");
+    if (l.fromRecord < 1 || l.fromRecord > fromFile.count() || l.toRecord < 1
+        || l.toRecord > toFile.count()) {
+        found.problem = QStringLiteral(
+            "This transfer cannot be changed: its other side is no longer in the register.");
         return found;
     }
     l.from = fromFile.read(l.fromRecord);

@@ -11,9 +11,9 @@
 // The two records of a transfer or a card payment, found from either one.
 struct LinkedRecords
 {
-    BankAcctRecord fromAccount;   // the paying account
-    BankAcctRecord toAccount;     // the receiving account (the card, for a payment)
-    int fromRecord = 0;           // record numbers in the two registers
+    BankAcctRecord fromAccount; // the paying account
+    BankAcctRecord toAccount;   // the receiving account (the card, for a payment)
+    int fromRecord = 0;         // record numbers in the two registers
     int toRecord = 0;
     TransRecord from;
     TransRecord to;

@@ -2,10 +2,10 @@
 
 #include "accounts/AccountBook.h"
 #include "budget/BudgetPosting.h"
-#include "register/LinkedRecords.h"
 #include "records/RecordFile.h"
 #include "records/TransactionTemplate.h"
 #include "records/UnitOfWork.h"
+#include "register/LinkedRecords.h"
 
 namespace {
 
@@ -20,7 +20,7 @@ TransRecord voided(const TransRecord &old, const BankAcctRecord &account)
     v.BudName = TransactionTemplate::NoCategory;
     // Once void, a side is an ordinary entry of its own register.
     v.TransClass = account.Type.is(QStringLiteral("CC")) ? TransactionTemplate::CCTrans
-                                                          : TransactionTemplate::NormTrans;
+                                                         : TransactionTemplate::NormTrans;
     v.CCBankName = TransactionTemplate::NoCategory;
     return v;
 }
@@ -32,7 +32,8 @@ namespace LinkedVoid {
 Result voidLinked(const DataFiles &files, int bankNum, int recordNumber)
 {
     const BankAcctRecord owner = AccountBook(files).read(bankNum);
-    const TransRecord record = RecordFile<TransRecord>(files.registerFile(owner.BankName.text())).read(recordNumber);
+    const TransRecord record
+        = RecordFile<TransRecord>(files.registerFile(owner.BankName.text())).read(recordNumber);
     if (!LinkedRecords::isLinked(record))
         return {false, QStringLiteral("This is not a transfer or a card payment")};
     const auto found = LinkedRecords::find(files, record);

@@ -62,19 +62,29 @@ QString RegisterModel::cellText(int row, int column) const
             return QStringLiteral("\u2714");
         return s == QStringLiteral("OP") ? QStringLiteral("\u25CB") : QString();
     }
-    case Type: return r.Type.text().trimmed();
-    case Date: return shortDate(r.Date);
-    case Payee: return r.Description.text().trimmed();
+    case Type:
+        return r.Type.text().trimmed();
+    case Date:
+        return shortDate(r.Date);
+    case Payee:
+        return r.Description.text().trimmed();
     case Category: {
         const QString cat = r.BudName.text().trimmed();
-        return cat.contains(QStringLiteral("none")) || cat == QStringLiteral("na") ? QString() : cat;
+        return cat.contains(QStringLiteral("none")) || cat == QStringLiteral("na") ? QString()
+                                                                                   : cat;
     }
-    case Memo: return r.Memo.text().trimmed();
-    case Deposit: return r.Amount.isNegative() ? QString() : r.Amount.toCurrencyText();
-    case Withdrawal: return r.Amount.isNegative() ? (-r.Amount).toCurrencyText() : QString();
-    case Balance: return m_balances[n - 1].toCurrencyText();
-    case DateCleared: return shortDate(r.DateClear);
-    default: return {};
+    case Memo:
+        return r.Memo.text().trimmed();
+    case Deposit:
+        return r.Amount.isNegative() ? QString() : r.Amount.toCurrencyText();
+    case Withdrawal:
+        return r.Amount.isNegative() ? (-r.Amount).toCurrencyText() : QString();
+    case Balance:
+        return m_balances[n - 1].toCurrencyText();
+    case DateCleared:
+        return shortDate(r.DateClear);
+    default:
+        return {};
     }
 }
 
@@ -88,7 +98,8 @@ QVariant RegisterModel::data(const QModelIndex &index, int role) const
     case Qt::ToolTipRole:
         if (index.column() == Status && recordNumberAt(index.row()) != 0)
             return m_records[recordNumberAt(index.row()) - 1].Status.is(QStringLiteral("CL"))
-                       ? tr("Cleared") : tr("Open");
+                       ? tr("Cleared")
+                       : tr("Open");
         return {};
     case Qt::TextAlignmentRole:
         if (index.column() >= Deposit && index.column() <= Balance)
@@ -98,12 +109,14 @@ QVariant RegisterModel::data(const QModelIndex &index, int role) const
         return QVariant(Qt::AlignLeft | Qt::AlignVCenter);
     case Qt::BackgroundRole:
         if (index.row() == lastRow())
-            return QColor(HighlightColour & 0xFF, (HighlightColour >> 8) & 0xFF, (HighlightColour >> 16) & 0xFF);
+            return QColor(HighlightColour & 0xFF, (HighlightColour >> 8) & 0xFF,
+                          (HighlightColour >> 16) & 0xFF);
         return {};
     case Qt::ForegroundRole:
         if (index.column() == Status)
-            return cellText(index.row(), Status) == QStringLiteral("\u2714") ? QColor(0x1E, 0x7B, 0x34)
-                                                                            : QColor(0x90, 0x98, 0xA0);
+            return cellText(index.row(), Status) == QStringLiteral("\u2714")
+                       ? QColor(0x1E, 0x7B, 0x34)
+                       : QColor(0x90, 0x98, 0xA0);
         if (index.column() == Balance && recordNumberAt(index.row()) != 0
             && m_balances[recordNumberAt(index.row()) - 1].isNegative())
             return QColor(0xB0, 0x1E, 0x1E);
@@ -118,17 +131,28 @@ QVariant RegisterModel::headerData(int section, Qt::Orientation orientation, int
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return {};
     switch (section) {
-    case Status: return QString();
-    case Type: return QStringLiteral("Type");
-    case Date: return QStringLiteral("Date");
-    case Payee: return QStringLiteral("Payee");
-    case Category: return QStringLiteral("Category");
-    case Memo: return QStringLiteral("Memo");
-    case Deposit: return m_creditCard ? QStringLiteral("Credit") : QStringLiteral("Deposit");
-    case Withdrawal: return m_creditCard ? QStringLiteral("Charge") : QStringLiteral("Withdrawal");
-    case Balance: return QStringLiteral("Balance");
-    case DateCleared: return QStringLiteral("Date Cleared");
-    default: return {};
+    case Status:
+        return QString();
+    case Type:
+        return QStringLiteral("Type");
+    case Date:
+        return QStringLiteral("Date");
+    case Payee:
+        return QStringLiteral("Payee");
+    case Category:
+        return QStringLiteral("Category");
+    case Memo:
+        return QStringLiteral("Memo");
+    case Deposit:
+        return m_creditCard ? QStringLiteral("Credit") : QStringLiteral("Deposit");
+    case Withdrawal:
+        return m_creditCard ? QStringLiteral("Charge") : QStringLiteral("Withdrawal");
+    case Balance:
+        return QStringLiteral("Balance");
+    case DateCleared:
+        return QStringLiteral("Date Cleared");
+    default:
+        return {};
     }
 }
 

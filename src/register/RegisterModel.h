@@ -16,7 +16,18 @@ class RegisterModel : public QAbstractTableModel
 public:
     using QAbstractTableModel::QAbstractTableModel;
 
-    enum Column { Status, Type, Date, Payee, Category, Memo, Deposit, Withdrawal, Balance, DateCleared };
+    enum Column {
+        Status,
+        Type,
+        Date,
+        Payee,
+        Category,
+        Memo,
+        Deposit,
+        Withdrawal,
+        Balance,
+        DateCleared
+    };
     static constexpr int ColumnCount = 10;
     static constexpr int MinRows = 10; // with the header, at least 11 grid rows
 

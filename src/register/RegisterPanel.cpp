@@ -3,23 +3,23 @@
 #include "accounts/AccountBook.h"
 #include "budget/BudgetBook.h"
 #include "budget/BudgetCheck.h"
+#include "core/Clock.h"
+#include "core/EntryChecks.h"
+#include "core/Interaction.h"
+#include "records/BudgetRecord.h"
+#include "records/RecordFile.h"
+#include "records/TransactionTemplate.h"
 #include "register/CardPayments.h"
+#include "register/CheckNumbers.h"
+#include "register/EntryRow.h"
 #include "register/LinkedRecords.h"
 #include "register/LinkedVoid.h"
-#include "records/BudgetRecord.h"
-#include "register/CheckNumbers.h"
-#include "core/Clock.h"
-#include "ui/DateBox.h"
-#include "core/EntryChecks.h"
-#include "register/EntryRow.h"
-#include "ui/ErrorLabel.h"
-#include "core/Interaction.h"
 #include "register/PayeeBook.h"
-#include "records/RecordFile.h"
 #include "register/RegisterModel.h"
 #include "register/RegisterService.h"
-#include "records/TransactionTemplate.h"
 #include "register/ViewRange.h"
+#include "ui/DateBox.h"
+#include "ui/ErrorLabel.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -153,8 +153,9 @@ void RegisterPanel::setDataFiles(const DataFiles &files)
 void RegisterPanel::setAccount(const BankAcctRecord &account)
 {
     m_account = account;
-    m_registerTitle->setText(account.BankNum == 0 ? tr("No account yet: add one on the Accounts panel")
-                                                  : account.BankName.text());
+    m_registerTitle->setText(account.BankNum == 0
+                                 ? tr("No account yet: add one on the Accounts panel")
+                                 : account.BankName.text());
     m_viewLabel->hide();
     m_viewDate->hide();
     m_viewOk->hide();
@@ -173,7 +174,8 @@ void RegisterPanel::reloadLists()
 
     e->card->clear();
     e->card->addItem(EntryRules::NoneEntry, 0);
-    for (const BankAcctRecord &a : AccountBook(m_files).readAll().value_or(std::vector<BankAcctRecord>{}))
+    for (const BankAcctRecord &a :
+         AccountBook(m_files).readAll().value_or(std::vector<BankAcctRecord>{}))
         if (!a.isDeleted() && a.Type.is(QStringLiteral("CC")))
             e->card->addItem(a.BankName.text(), int(a.BankNum));
     // A card's own register records its charges and credits; paying a card is
@@ -210,7 +212,8 @@ void RegisterPanel::FillRegisterGrid()
 {
     RegisterService::Loaded loaded = RegisterService(m_files).load(m_account);
     if (!loaded.error.isEmpty())
-        m_interaction.message(loaded.error, RegisterService::MissingTitle, Interaction::Icon::Critical);
+        m_interaction.message(loaded.error, RegisterService::MissingTitle,
+                              Interaction::Icon::Critical);
     else if (loaded.recreated)
         m_interaction.message(RegisterService::missingText(m_account.BankName.text()),
                               RegisterService::MissingTitle, Interaction::Icon::Exclamation);
@@ -275,7 +278,8 @@ void RegisterPanel::suggestMemo()
     const EntryRow *e = m_entry;
     if (e->card->currentIndex() > 0)
         e->memo->setText(e->type->currentText().trimmed() + QStringLiteral(" payment from ")
-                         + m_account.BankName.text() + QStringLiteral(" to ") + e->card->currentText().trimmed());
+                         + m_account.BankName.text() + QStringLiteral(" to ")
+                         + e->card->currentText().trimmed());
     else
         e->memo->clear();
 }
@@ -293,8 +297,10 @@ void RegisterPanel::onTypeChosen(int index)
     const QString text = e->type->itemText(index);
     setCheckPending(false);
     e->hideCheckPrompt();
-    const auto taken = [this](std::int64_t n) { return CheckNumbers::isDuplicate(m_model->records(), n); };
-    const CheckNumbers::TypeChoice choice = CheckNumbers::chooseType(text, m_account.NextCheckNum, taken);
+    const auto taken
+        = [this](std::int64_t n) { return CheckNumbers::isDuplicate(m_model->records(), n); };
+    const CheckNumbers::TypeChoice choice
+        = CheckNumbers::chooseType(text, m_account.NextCheckNum, taken);
     switch (choice.step) {
     case CheckNumbers::TypeChoice::Step::Prompt:
         e->checkNumber->clear();
@@ -338,7 +344,8 @@ void RegisterPanel::onCheckNumberEntered()
         setCheckPending(false);
         return;
     }
-    const auto taken = [this](std::int64_t n) { return CheckNumbers::isDuplicate(m_model->records(), n); };
+    const auto taken
+        = [this](std::int64_t n) { return CheckNumbers::isDuplicate(m_model->records(), n); };
     const CheckNumbers::TypedNumber result = CheckNumbers::acceptTyped(typed, taken);
     switch (result.outcome) {
     case CheckNumbers::TypedNumber::Outcome::NotNumber:
@@ -380,7 +387,8 @@ void RegisterPanel::enterTransaction()
     const EntryRules::Input in = input();
     const QString kind = m_account.Type.text().trimmed();
     // The card's side of a payment keeps its type: it is checked as a credit.
-    const bool cardSide = m_mode == 1 && LinkedRecords::isPayment(m_loaded) && m_loaded.TransClass.is(LinkedRecords::PayCard);
+    const bool cardSide = m_mode == 1 && LinkedRecords::isPayment(m_loaded)
+                          && m_loaded.TransClass.is(LinkedRecords::PayCard);
     EntryRules::Input checked = in;
     if (cardSide)
         checked.typeText = QStringLiteral("Credit");
@@ -392,8 +400,8 @@ void RegisterPanel::enterTransaction()
         return;
     }
     const bool change = m_mode == 1;
-    const TransRecord record = EntryRules::fillRecord(change ? m_loaded : TransactionTemplate::blank(), checked,
-                                                      m_account, cardBudNum());
+    const TransRecord record = EntryRules::fillRecord(
+        change ? m_loaded : TransactionTemplate::blank(), checked, m_account, cardBudNum());
 
     // Once a budget is set up, the category's warning comes first, then the account's.
     BudgetBook budget(m_files);
@@ -423,8 +431,8 @@ void RegisterPanel::enterTransaction()
     }
     bool paymentNotice = false;
     if (kind != QStringLiteral("CC")) {
-        const auto check = EntryRules::checkAccountBalance(in, m_account.BankName.text(), m_account.Balance,
-                                                           change, m_oldAmount);
+        const auto check = EntryRules::checkAccountBalance(in, m_account.BankName.text(),
+                                                           m_account.Balance, change, m_oldAmount);
         int cancel = 0;
         if (check.warning) {
             m_interaction.beep();
@@ -465,8 +473,8 @@ bool RegisterPanel::store(const EntryRules::Input &in, const TransRecord &record
     if (change && LinkedRecords::isTransfer(m_loaded)) {
         error = tr("Change a transfer on the Transfers panel");
     } else if (change && m_loaded.TransClass.is(LinkedRecords::PayCard)) {
-        const auto r = CardPayments(m_files).changeFromCard(bankNum, m_recordNumber, in.amountText, in.dateText,
-                                                            in.payee, in.memo);
+        const auto r = CardPayments(m_files).changeFromCard(bankNum, m_recordNumber, in.amountText,
+                                                            in.dateText, in.payee, in.memo);
         error = r.error;
         title = r.title;
     } else if (change && (payment != m_loaded.TransClass.is(LinkedRecords::PayBank))) {
@@ -548,8 +556,9 @@ void RegisterPanel::endChangeMode()
     m_oldBudNum = 0;
     m_entry->enter->setText(tr("Enter"));
     m_entry->voidButton->setEnabled(false);
-    m_entry->title->setText(m_account.BankNum == 0 ? tr("No account yet")
-                                                   : tr("New Transaction in %1").arg(m_account.BankName.text()));
+    m_entry->title->setText(m_account.BankNum == 0
+                                ? tr("No account yet")
+                                : tr("New Transaction in %1").arg(m_account.BankName.text()));
 }
 
 void RegisterPanel::onRowClicked(const QModelIndex &index)
@@ -590,7 +599,8 @@ void RegisterPanel::loadForChange(int n)
 
     const bool check = r.TypeNum == 6 && CheckNumbers::numericValue(r.Type.text()).has_value();
     e->type->setCurrentIndex(-1);
-    e->type->setEditText(check ? CheckNumbers::CheckPrefix + r.Type.text() : r.Type.text().trimmed());
+    e->type->setEditText(check ? CheckNumbers::CheckPrefix + r.Type.text()
+                               : r.Type.text().trimmed());
     const auto date = EntryChecks::parseDate(r.Date.text());
     e->date->setEditText(date ? EntryChecks::formatShortDate(*date) : r.Date.text().trimmed());
     e->payee->setCurrentIndex(-1);
@@ -610,7 +620,8 @@ void RegisterPanel::loadForChange(int n)
         const int at = e->category->findData(int(r.BudNum));
         e->category->setCurrentIndex(at);
         if (at < 0)
-            showNotice(QStringLiteral("Budget Category \"%1\" has been deleted").arg(r.BudName.text().trimmed()));
+            showNotice(QStringLiteral("Budget Category \"%1\" has been deleted")
+                           .arg(r.BudName.text().trimmed()));
     }
     e->cleared->setText(r.Status.is(TransactionTemplate::Cleared) ? Check : QString());
     e->title->setText(tr("Change Transaction in %1").arg(m_account.BankName.text()));
@@ -628,11 +639,14 @@ void RegisterPanel::onVoid()
         return;
     }
     const TransRecord &r = m_loaded;
-    const QString what = r.Date.text().trimmed() + QStringLiteral("  ") + r.Description.text().trimmed()
-                         + QStringLiteral("  ") + r.Amount.toCurrencyText();
+    const QString what = r.Date.text().trimmed() + QStringLiteral("  ")
+                         + r.Description.text().trimmed() + QStringLiteral("  ")
+                         + r.Amount.toCurrencyText();
     const auto answer = m_interaction.messageBox(
-        tr("Void this transaction?\n\n%1\n\nIts amount comes off the balance and the entry stays in the "
-           "register as \"Void\".").arg(what),
+        tr("Void this transaction?\n\n%1\n\nIts amount comes off the balance and the entry stays "
+           "in the "
+           "register as \"Void\".")
+            .arg(what),
         tr("Void Transaction"), Interaction::Icon::Question, Interaction::Buttons::YesNo);
     if (answer != Interaction::Answer::Yes)
         return;
@@ -673,8 +687,8 @@ void RegisterPanel::onViewDate()
         m_interaction.message(EntryChecks::BadDateText, EntryChecks::BadDateTitle);
         return;
     }
-    const RegisterService::Result result =
-        RegisterService(m_files).setViewFrom(m_account.BankNum, ViewRange::storedForm(typed));
+    const RegisterService::Result result
+        = RegisterService(m_files).setViewFrom(m_account.BankNum, ViewRange::storedForm(typed));
     if (!result.ok) {
         showError(result.error);
         return;
@@ -693,7 +707,8 @@ void RegisterPanel::onAddPayee()
         m_interaction.beep();
         return;
     }
-    const PayeeBook::Result result = PayeeBook(m_files).add(m_account.BankNum, m_account.BankName.text(), text);
+    const PayeeBook::Result result
+        = PayeeBook(m_files).add(m_account.BankNum, m_account.BankName.text(), text);
     if (!result.ok) {
         showError(result.error);
         return;
@@ -731,10 +746,11 @@ void RegisterPanel::onCopy()
         return;
     }
     std::sort(rows.begin(), rows.end());
-    const auto answer = m_interaction.messageBox(
-        QStringLiteral("Copy the ") + QString::number(rows.size()) + QStringLiteral(" selected Transaction(s) to Clipboard."),
-        QStringLiteral("Copy Selected Transactions to Clipboard"), Interaction::Icon::Question,
-        Interaction::Buttons::OKCancel);
+    const auto answer
+        = m_interaction.messageBox(QStringLiteral("Copy the ") + QString::number(rows.size())
+                                       + QStringLiteral(" selected Transaction(s) to Clipboard."),
+                                   QStringLiteral("Copy Selected Transactions to Clipboard"),
+                                   Interaction::Icon::Question, Interaction::Buttons::OKCancel);
     if (answer == Interaction::Answer::OK)
         m_interaction.setClipboard(m_model->tabSeparated(rows));
 }

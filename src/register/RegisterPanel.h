@@ -2,8 +2,8 @@
 
 #include "records/BankAcctRecord.h"
 #include "records/DataFiles.h"
-#include "register/EntryRules.h"
 #include "records/TransRecord.h"
+#include "register/EntryRules.h"
 
 #include <QWidget>
 
@@ -80,11 +80,11 @@ private:
     BankAcctRecord m_account;
 
     // Working state of the entry row.
-    int m_mode = 0;              // 0 new, 1 change
-    int m_recordNumber = 0;      // the record loaded for change
+    int m_mode = 0;         // 0 new, 1 change
+    int m_recordNumber = 0; // the record loaded for change
     TransRecord m_loaded;
-    Currency m_oldAmount;   // OldTransAmount
-    int m_oldBudNum = 0;    // OldBudNum
+    Currency m_oldAmount; // OldTransAmount
+    int m_oldBudNum = 0;  // OldBudNum
     // OldAmountApplies: left at 0, so that a change is tested against its own
     // category with the old amount credited back, and against a new category
     // at its full balance.

@@ -2,10 +2,10 @@
 
 #include "accounts/AccountBook.h"
 #include "budget/BudgetPosting.h"
-#include "register/CheckNumbers.h"
 #include "records/RecordFile.h"
 #include "records/TransactionTemplate.h"
 #include "records/UnitOfWork.h"
+#include "register/CheckNumbers.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -27,8 +27,9 @@ RegisterService::RegisterService(DataFiles files) : m_files(std::move(files)) {}
 
 QString RegisterService::missingText(const QString &accountName)
 {
-    return QStringLiteral("The register of \"%1\" was missing and has been created again, empty.\n\n"
-                          "The account's balance is kept as it was.")
+    return QStringLiteral(
+               "The register of \"%1\" was missing and has been created again, empty.\n\n"
+               "The account's balance is kept as it was.")
         .arg(accountName);
 }
 
@@ -68,8 +69,8 @@ RegisterService::Result RegisterService::change(int bankNum, int recordNumber, T
     return write(bankNum, recordNumber, std::move(record), false);
 }
 
-RegisterService::Result RegisterService::write(int bankNum, int recordNumber, TransRecord record, bool isNew,
-                                               bool voiding)
+RegisterService::Result RegisterService::write(int bankNum, int recordNumber, TransRecord record,
+                                               bool isNew, bool voiding)
 {
     AccountBook book(m_files);
     BankAcctRecord account = book.read(bankNum);
@@ -130,12 +131,14 @@ RegisterService::Result RegisterService::voidRecord(int bankNum, int recordNumbe
         return refuse(QStringLiteral("That transaction is no longer in the register."));
     const TransRecord old = file.read(recordNumber);
     if (old.TypeNum == TransactionTemplate::StartingBalanceTypeNum)
-        return refuse(QStringLiteral("The starting balance cannot be voided; change its amount instead."));
+        return refuse(
+            QStringLiteral("The starting balance cannot be voided; change its amount instead."));
     if (old.Description.is(QStringLiteral("Void")) && old.Amount.isZero())
         return refuse(QStringLiteral("This transaction is void already."));
     const QString cls = old.TransClass.text().trimmed();
     if (cls != TransactionTemplate::NormTrans && cls != TransactionTemplate::CCTrans)
-        return refuse(QStringLiteral("A transfer or card payment is voided together with its other side."));
+        return refuse(
+            QStringLiteral("A transfer or card payment is voided together with its other side."));
 
     TransRecord v = TransactionTemplate::blank();
     v.Status = old.Status;

@@ -28,7 +28,7 @@ public:
     {
         bool ok = false;
         QString error;
-        QString title;        // for a message box; empty for the error label
+        QString title; // for a message box; empty for the error label
         int recordNumber = 0;
         BankAcctRecord account; // the account as stored
     };
@@ -51,7 +51,8 @@ public:
 
 private:
     Result refuse(const QString &error, const QString &title = {}) const;
-    Result write(int bankNum, int recordNumber, TransRecord record, bool isNew, bool voiding = false);
+    Result write(int bankNum, int recordNumber, TransRecord record, bool isNew,
+                 bool voiding = false);
 
     DataFiles m_files;
 };

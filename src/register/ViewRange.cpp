@@ -19,7 +19,8 @@ int firstShown(const std::vector<TransRecord> &records, const QString &viewFrom)
 
 bool isValid(const QString &typed)
 {
-    return typed.trimmed().compare(All, Qt::CaseInsensitive) == 0 || EntryChecks::ValidateEntryDate(typed);
+    return typed.trimmed().compare(All, Qt::CaseInsensitive) == 0
+           || EntryChecks::ValidateEntryDate(typed);
 }
 
 QString storedForm(const QString &typed)

@@ -1,15 +1,15 @@
 #include "transfers/TransferPanel.h"
 
-#include "ui/Named.h"
 #include "accounts/AccountBook.h"
-#include "register/CheckNumbers.h"
 #include "core/Clock.h"
-#include "ui/DateBox.h"
 #include "core/EntryChecks.h"
-#include "ui/KeyFilter.h"
 #include "core/Interaction.h"
-#include "register/LinkedRecords.h"
 #include "records/RecordFile.h"
+#include "register/CheckNumbers.h"
+#include "register/LinkedRecords.h"
+#include "ui/DateBox.h"
+#include "ui/KeyFilter.h"
+#include "ui/Named.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -18,7 +18,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
-
 
 namespace {
 
@@ -30,10 +29,14 @@ const QString ChangeTitle = QStringLiteral("Change Transfer");
 TransferPanel::TransferPanel(Interaction &interaction, QWidget *parent)
     : QWidget(parent), m_interaction(interaction), m_files(QString(), false),
       m_title(named(new QLabel(NewTitle, this), "lblTransferTitle")),
-      m_from(named(new QComboBox(this), "cmbAcctFrom")), m_to(named(new QComboBox(this), "cmbAcctTo")),
-      m_type(named(new QComboBox(this), "cmbTransType")), m_amount(named(new QLineEdit(this), "cmbamt(2)")),
-      m_date(named(new DateBox(this), "cmbDate(2)")), m_date3(named(new DateBox(this), "cmbDate(3)")),
-      m_toCleared(named(new DateBox(this), "cmbDate(13)")), m_fromCleared(named(new DateBox(this), "cmbDate(14)")),
+      m_from(named(new QComboBox(this), "cmbAcctFrom")),
+      m_to(named(new QComboBox(this), "cmbAcctTo")),
+      m_type(named(new QComboBox(this), "cmbTransType")),
+      m_amount(named(new QLineEdit(this), "cmbamt(2)")),
+      m_date(named(new DateBox(this), "cmbDate(2)")),
+      m_date3(named(new DateBox(this), "cmbDate(3)")),
+      m_toCleared(named(new DateBox(this), "cmbDate(13)")),
+      m_fromCleared(named(new DateBox(this), "cmbDate(14)")),
       m_clearedLabel(new QLabel(tr("Cleared (from / to)"), this)),
       m_description(named(new QLineEdit(this), "txtDescTransfer")),
       m_memo(named(new QLineEdit(this), "txtMemoTransfer")),
@@ -110,7 +113,6 @@ TransferPanel::TransferPanel(Interaction &interaction, QWidget *parent)
     onClear();
 }
 
-
 void TransferPanel::setDataFiles(const DataFiles &files)
 {
     m_files = files;
@@ -144,8 +146,9 @@ void TransferPanel::onFromChosen()
     m_type->clear();
     if (m_from->currentIndex() >= 0)
         m_type->addItems(TransferService::typesFor(from.Type.text()));
-    m_type->setCurrentIndex(m_type->findText(from.Type.is(QStringLiteral("CC")) ? QStringLiteral("Charge")
-                                                                                 : QStringLiteral("Withdrawal")));
+    m_type->setCurrentIndex(m_type->findText(from.Type.is(QStringLiteral("CC"))
+                                                 ? QStringLiteral("Charge")
+                                                 : QStringLiteral("Withdrawal")));
     m_checkPending = false;
     m_checkPrompt->hide();
     m_checkNumber->hide();
@@ -157,7 +160,8 @@ void TransferPanel::rebuildDescription()
 {
     if (m_from->currentIndex() < 0 || m_to->currentIndex() < 0)
         return;
-    m_description->setText(TransferService::description(m_amount->text(), m_from->currentText(), m_to->currentText()));
+    m_description->setText(
+        TransferService::description(m_amount->text(), m_from->currentText(), m_to->currentText()));
 }
 
 void TransferPanel::onTypeChosen(int index)
@@ -171,13 +175,16 @@ void TransferPanel::onTypeChosen(int index)
     auto prompt = [this](const QString &caption) {
         m_checkNumber->clear();
         m_checkPrompt->setText(caption);
-        for (QWidget *w : {static_cast<QWidget *>(m_checkPrompt), static_cast<QWidget *>(m_checkNumber),
-                           static_cast<QWidget *>(m_checkOk)})
+        for (QWidget *w :
+             {static_cast<QWidget *>(m_checkPrompt), static_cast<QWidget *>(m_checkNumber),
+              static_cast<QWidget *>(m_checkOk)})
             w->show();
         m_checkPending = true;
     };
-    const auto taken = [this](std::int64_t n) { return CheckNumbers::isDuplicate(fromRegister(), n); };
-    const CheckNumbers::TypeChoice choice = CheckNumbers::chooseType(text, from.NextCheckNum, taken);
+    const auto taken
+        = [this](std::int64_t n) { return CheckNumbers::isDuplicate(fromRegister(), n); };
+    const CheckNumbers::TypeChoice choice
+        = CheckNumbers::chooseType(text, from.NextCheckNum, taken);
     switch (choice.step) {
     case CheckNumbers::TypeChoice::Step::Prompt:
         prompt(choice.prompt);
@@ -204,14 +211,17 @@ void TransferPanel::onTypeChosen(int index)
 
 void TransferPanel::onCheckNumberEntered()
 {
-    const auto taken = [this](std::int64_t n) { return CheckNumbers::isDuplicate(fromRegister(), n); };
-    const CheckNumbers::TypedNumber result = CheckNumbers::acceptTyped(m_checkNumber->text(), taken);
+    const auto taken
+        = [this](std::int64_t n) { return CheckNumbers::isDuplicate(fromRegister(), n); };
+    const CheckNumbers::TypedNumber result
+        = CheckNumbers::acceptTyped(m_checkNumber->text(), taken);
     switch (result.outcome) {
     case CheckNumbers::TypedNumber::Outcome::NotNumber:
         m_interaction.beep();
         return;
     case CheckNumbers::TypedNumber::Outcome::TooLarge:
-        m_interaction.message(CheckNumbers::TooLargeText, CheckNumbers::TooLargeTitle, Interaction::Icon::Exclamation);
+        m_interaction.message(CheckNumbers::TooLargeText, CheckNumbers::TooLargeTitle,
+                              Interaction::Icon::Exclamation);
         return;
     case CheckNumbers::TypedNumber::Outcome::Duplicate:
         m_interaction.beep();
@@ -270,8 +280,9 @@ void TransferPanel::onEnter()
     if (m_changeRecord) {
         // The transfer may have been voided in a register since it was loaded.
         const BankAcctRecord owner = AccountBook(m_files).read(m_changeBankNum);
-        const TransRecord stored =
-            RecordFile<TransRecord>(m_files.registerFile(owner.BankName.text())).read(m_changeRecord);
+        const TransRecord stored
+            = RecordFile<TransRecord>(m_files.registerFile(owner.BankName.text()))
+                  .read(m_changeRecord);
         if (!LinkedRecords::isTransfer(stored)) {
             onClear();
             showError(tr("This transfer has been voided"));
@@ -287,12 +298,13 @@ void TransferPanel::onEnter()
             showError(refusal->error);
         return;
     }
-    if (const auto warning = service.balanceWarning(r, m_changeRecord ? m_oldFromAmount : Currency())) {
+    if (const auto warning
+        = service.balanceWarning(r, m_changeRecord ? m_oldFromAmount : Currency())) {
         if (m_interaction.fund(TransferService::WarningTitle, *warning) == 1)
             return;
     }
-    const TransferService::Result result =
-        m_changeRecord ? service.change(m_changeBankNum, m_changeRecord, r) : service.enter(r);
+    const TransferService::Result result
+        = m_changeRecord ? service.change(m_changeBankNum, m_changeRecord, r) : service.enter(r);
     if (!result.ok) {
         if (!result.title.isEmpty())
             m_interaction.message(result.error, result.title);
@@ -332,7 +344,8 @@ void TransferPanel::onClear()
 QString TransferPanel::loadForChange(int bankNum, int recordNumber)
 {
     const BankAcctRecord owner = AccountBook(m_files).read(bankNum);
-    const TransRecord record = RecordFile<TransRecord>(m_files.registerFile(owner.BankName.text())).read(recordNumber);
+    const TransRecord record
+        = RecordFile<TransRecord>(m_files.registerFile(owner.BankName.text())).read(recordNumber);
     const auto found = LinkedRecords::find(m_files, record);
     if (!found.records)
         return found.problem;
@@ -347,9 +360,11 @@ QString TransferPanel::loadForChange(int bankNum, int recordNumber)
     m_enter->setText(tr("Change"));
     m_from->setEnabled(false);
     m_to->setEnabled(false);
-    const bool check = l.from.TypeNum == 6 && CheckNumbers::numericValue(l.from.Type.text()).has_value();
+    const bool check
+        = l.from.TypeNum == 6 && CheckNumbers::numericValue(l.from.Type.text()).has_value();
     m_type->setCurrentIndex(-1);
-    m_type->setEditText(check ? CheckNumbers::CheckPrefix + l.from.Type.text() : l.from.Type.text().trimmed());
+    m_type->setEditText(check ? CheckNumbers::CheckPrefix + l.from.Type.text()
+                              : l.from.Type.text().trimmed());
     m_amount->setText((-l.from.Amount).toFixedText());
     m_date->setEditText(l.from.Date.text().trimmed());
     m_description->setText(l.from.Description.text().trimmed());

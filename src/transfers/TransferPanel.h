@@ -35,7 +35,6 @@ Q_SIGNALS:
     // Balances of accounts changed.
     void transferred(int fromBankNum, int toBankNum);
 
-
 private:
     void onFromChosen();
     void onTypeChosen(int index);
@@ -51,8 +50,8 @@ private:
     Interaction &m_interaction;
     DataFiles m_files;
     bool m_checkPending = false;
-    int m_changeBankNum = 0;   // the transfer being changed: its from account
-    int m_changeRecord = 0;    // and its from record
+    int m_changeBankNum = 0; // the transfer being changed: its from account
+    int m_changeRecord = 0;  // and its from record
     Currency m_oldFromAmount;
 
     QLabel *m_title;

@@ -1,12 +1,12 @@
 #include "transfers/TransferService.h"
 
 #include "accounts/AccountBook.h"
-#include "register/CheckNumbers.h"
 #include "core/EntryChecks.h"
-#include "register/LinkedRecords.h"
 #include "records/RecordFile.h"
 #include "records/TransactionTemplate.h"
 #include "records/UnitOfWork.h"
+#include "register/CheckNumbers.h"
+#include "register/LinkedRecords.h"
 
 #include <QFileInfo>
 
@@ -39,10 +39,12 @@ QStringList TransferService::typesFor(const QString &kindCode)
     return {QStringLiteral("Withdrawal")};
 }
 
-QString TransferService::description(const QString &amountText, const QString &from, const QString &to)
+QString TransferService::description(const QString &amountText, const QString &from,
+                                     const QString &to)
 {
     const auto amount = Currency::parse(amountText);
-    const QString lead = amount ? QStringLiteral("Transfer ") + amount->toCurrencyText() : QStringLiteral("Transfer");
+    const QString lead = amount ? QStringLiteral("Transfer ") + amount->toCurrencyText()
+                                : QStringLiteral("Transfer");
     return lead + QStringLiteral(" from ") + from.trimmed() + QStringLiteral(" to ") + to.trimmed();
 }
 
@@ -56,7 +58,8 @@ TransferService::Result TransferService::refuse(const QString &error, const QStr
 
 std::optional<TransferService::Result> TransferService::validate(const Request &request) const
 {
-    if (!EntryChecks::ValidateEntryDate(request.date) || !EntryChecks::ValidateEntryDate(request.date3))
+    if (!EntryChecks::ValidateEntryDate(request.date)
+        || !EntryChecks::ValidateEntryDate(request.date3))
         return refuse(EntryChecks::BadDateText, EntryChecks::BadDateTitle);
     for (const QString &cleared : {request.fromCleared, request.toCleared})
         if (!cleared.trimmed().isEmpty() && !EntryChecks::ValidateEntryDate(cleared))
@@ -71,7 +74,8 @@ std::optional<TransferService::Result> TransferService::validate(const Request &
     if (request.fromBankNum < 1 || request.toBankNum < 1 || request.typeText.trimmed().isEmpty()
         || request.amountText.trimmed().isEmpty() || request.description.trimmed().isEmpty())
         return refuse(Incomplete);
-    if (from.isDeleted() || to.isDeleted() || request.fromBankNum > book.count() || request.toBankNum > book.count())
+    if (from.isDeleted() || to.isDeleted() || request.fromBankNum > book.count()
+        || request.toBankNum > book.count())
         return refuse(QStringLiteral("One of the accounts has been removed"));
     const QString type = request.typeText.trimmed();
     // Only checking and money-market accounts write checks.
@@ -92,7 +96,8 @@ std::optional<TransferService::Result> TransferService::validate(const Request &
     return std::nullopt;
 }
 
-std::optional<QString> TransferService::balanceWarning(const Request &request, Currency oldFromAmount) const
+std::optional<QString> TransferService::balanceWarning(const Request &request,
+                                                       Currency oldFromAmount) const
 {
     const BankAcctRecord from = AccountBook(m_files).read(request.fromBankNum);
     if (isCard(from))
@@ -102,17 +107,18 @@ std::optional<QString> TransferService::balanceWarning(const Request &request, C
     const Currency after = base - amount;
     if (after >= Currency())
         return std::nullopt;
-    return QStringLiteral("The transfer amount of ") + amount.toCurrencyText() + QStringLiteral(" exceeds the ")
-           + from.BankName.text().trimmed() + QStringLiteral(" balance of ") + base.toCurrencyText()
-           + QStringLiteral(" by ") + after.abs().toCurrencyText()
+    return QStringLiteral("The transfer amount of ") + amount.toCurrencyText()
+           + QStringLiteral(" exceeds the ") + from.BankName.text().trimmed()
+           + QStringLiteral(" balance of ") + base.toCurrencyText() + QStringLiteral(" by ")
+           + after.abs().toCurrencyText()
            + QStringLiteral(".\r\n\r\n     ---- The Account will go negative. ----");
 }
 
 namespace {
 
 // Fills both records of a transfer from a request (record numbers aside).
-void fillPair(const TransferService::Request &request, const BankAcctRecord &from, const BankAcctRecord &to,
-              TransRecord &f, TransRecord &t)
+void fillPair(const TransferService::Request &request, const BankAcctRecord &from,
+              const BankAcctRecord &to, TransRecord &f, TransRecord &t)
 {
     const QString type = request.typeText.trimmed();
     const auto check = CheckNumbers::numberOfTypeText(type);
@@ -172,7 +178,8 @@ TransferService::Result TransferService::enter(const Request &request)
     const QString toPath = m_files.registerFile(to.BankName.text());
     for (const QString &path : {fromPath, toPath})
         if (!QFileInfo::exists(path))
-            return refuse(QStringLiteral("The register \"%1\" is missing").arg(QFileInfo(path).fileName()));
+            return refuse(
+                QStringLiteral("The register \"%1\" is missing").arg(QFileInfo(path).fileName()));
 
     UnitOfWork unit(m_files.dataDir());
     const int fromRecord = unit.count(fromPath, TransRecord::Size) + 1;
@@ -206,7 +213,8 @@ TransferService::Result TransferService::enter(const Request &request)
     return r;
 }
 
-TransferService::Result TransferService::change(int fromBankNum, int fromRecord, const Request &request)
+TransferService::Result TransferService::change(int fromBankNum, int fromRecord,
+                                                const Request &request)
 {
     if (auto problem = validate(request))
         return *problem;
@@ -217,8 +225,10 @@ TransferService::Result TransferService::change(int fromBankNum, int fromRecord,
     if (!found.records)
         return refuse(found.problem);
     const LinkedRecords &old = *found.records;
-    if (old.fromAccount.BankNum != request.fromBankNum || old.toAccount.BankNum != request.toBankNum)
-        return refuse(QStringLiteral("The accounts of a transfer cannot be changed; void it and enter it again"));
+    if (old.fromAccount.BankNum != request.fromBankNum
+        || old.toAccount.BankNum != request.toBankNum)
+        return refuse(QStringLiteral(
+            "The accounts of a transfer cannot be changed; void it and enter it again"));
 
     BankAcctRecord from = old.fromAccount;
     BankAcctRecord to = old.toAccount;

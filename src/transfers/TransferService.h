@@ -19,12 +19,12 @@ public:
     {
         int fromBankNum = 0;
         int toBankNum = 0;
-        QString typeText;     // "Withdrawal", "Charge", or "Check #" + number
+        QString typeText; // "Withdrawal", "Charge", or "Check #" + number
         QString amountText;
-        QString date;         // cmbDate(2)
-        QString date3;        // cmbDate(3), checked like the date
-        QString fromCleared;  // cmbDate(14): the from side's cleared date
-        QString toCleared;    // cmbDate(13): the to side's cleared date (change mode)
+        QString date;        // cmbDate(2)
+        QString date3;       // cmbDate(3), checked like the date
+        QString fromCleared; // cmbDate(14): the from side's cleared date
+        QString toCleared;   // cmbDate(13): the to side's cleared date (change mode)
         QString description;
         QString memo;
     };
@@ -32,8 +32,8 @@ public:
     struct Result
     {
         bool ok = false;
-        QString error;   // for lblErrorTrans
-        QString title;   // set when the error is a message box
+        QString error; // for lblErrorTrans
+        QString title; // set when the error is a message box
         int fromRecord = 0;
         int toRecord = 0;
     };
@@ -47,7 +47,8 @@ public:
     std::optional<Result> validate(const Request &request) const;
     // The "Account Balance exceeded" text, when the from-account (not a card)
     // would go below zero. In change mode `oldFromAmount` is given back first.
-    std::optional<QString> balanceWarning(const Request &request, Currency oldFromAmount = {}) const;
+    std::optional<QString> balanceWarning(const Request &request,
+                                          Currency oldFromAmount = {}) const;
 
     Result enter(const Request &request);
     // Rewrites both records of the transfer whose from record is given, and

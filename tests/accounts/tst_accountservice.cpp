@@ -1,13 +1,13 @@
+#include "FolderSnapshot.h"
 #include "accounts/AccountBook.h"
 #include "accounts/AccountService.h"
 #include "records/ArchiveRecord.h"
 #include "records/BudgetRecord.h"
-#include "FolderSnapshot.h"
 #include "records/PayeeRecord.h"
 #include "records/RecordFile.h"
-#include "register/RegisterService.h"
 #include "records/TransRecord.h"
 #include "records/UnitOfWork.h"
+#include "register/RegisterService.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -29,16 +29,14 @@ AccountService::Result add(const DataFiles &files, int kind, const QString &name
     return AccountService(files).add(a);
 }
 
-template<typename R>
-void put(const QString &path, int n, const R &r)
+template<typename R> void put(const QString &path, int n, const R &r)
 {
     UnitOfWork unit(QFileInfo(path).path());
     unit.write(path, n, r);
     QVERIFY(unit.commit());
 }
 
-template<typename R>
-R get(const QString &path, int n)
+template<typename R> R get(const QString &path, int n)
 {
     return RecordFile<R>(path).read(n);
 }
@@ -48,7 +46,8 @@ void takeNames(const QString &dir)
 {
     const DataFiles own(dir, false);
     QVERIFY(add(own, 0, QStringLiteral("Everyday")).ok);
-    put(own.other().archiveList(), 1, ArchiveRecord{1, QStringLiteral("CC"), QStringLiteral("Old Card")});
+    put(own.other().archiveList(), 1,
+        ArchiveRecord{1, QStringLiteral("CC"), QStringLiteral("Old Card")});
 }
 
 // A payment from Everyday (1) to the card Visa (2), as either side records it.
@@ -76,8 +75,10 @@ void setUpForRename(const QString &dir)
     // The same name with another account's number does not point at this card.
     QVERIFY(RegisterService(f).add(1, payment("Norm Trans", 3, -1'00)).ok);
     QVERIFY(RegisterService(f).add(2, payment("PayCC CCLedger", 2, 50'00)).ok);
-    put(f.payees(), 1, PayeeRecord{1, 2, QStringLiteral("Visa"), QStringLiteral("Skyway Airlines")});
-    put(f.payees(), 2, PayeeRecord{2, 1, QStringLiteral("Everyday"), QStringLiteral("Green Basket")});
+    put(f.payees(), 1,
+        PayeeRecord{1, 2, QStringLiteral("Visa"), QStringLiteral("Skyway Airlines")});
+    put(f.payees(), 2,
+        PayeeRecord{2, 1, QStringLiteral("Everyday"), QStringLiteral("Green Basket")});
 }
 
 } // namespace
@@ -92,8 +93,10 @@ private Q_SLOTS:
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("balance");
         QTest::addColumn<QString>("message");
-        auto row = [](const char *tag, const QString &name, const char *message, const char *balance = "100.00") {
-            QTest::newRow(tag) << name << QString::fromLatin1(balance) << QString::fromLatin1(message);
+        auto row = [](const char *tag, const QString &name, const char *message,
+                      const char *balance = "100.00") {
+            QTest::newRow(tag) << name << QString::fromLatin1(balance)
+                               << QString::fromLatin1(message);
         };
         // Each reason once; a name is in use in either data set, live or archived,
         // and the register file names and the removal marker are taken too.
@@ -106,11 +109,14 @@ private Q_SLOTS:
         row("trailing dot", QStringLiteral("Visa."), "An account name cannot end with a dot");
         row("trailing blank", QStringLiteral("Visa "), "An account name cannot end with a blank");
         row("device name", QStringLiteral("lpt1.txt"), "An account name cannot be the word LPT1");
-        row("no balance", QStringLiteral("New"), "Enter a Starting Balance (0 when there is none)", " ");
-        row("balance not a number", QStringLiteral("New"), "The Starting Balance must be a number", "12x");
+        row("no balance", QStringLiteral("New"), "Enter a Starting Balance (0 when there is none)",
+            " ");
+        row("balance not a number", QStringLiteral("New"), "The Starting Balance must be a number",
+            "12x");
         row("negative balance", QStringLiteral("New"),
             "Enter the Starting Balance without a sign and choose Debit or Credit", "(5.00)");
-        row("balance at the limit", QStringLiteral("New"), "Maximum Number is 90,000,000,000", "90,000,000,000");
+        row("balance at the limit", QStringLiteral("New"), "Maximum Number is 90,000,000,000",
+            "90,000,000,000");
     }
     void addRefusedWritesNothing()
     {
@@ -135,11 +141,14 @@ private Q_SLOTS:
         QTest::addColumn<QString>("balance");
         QTest::addColumn<bool>("debit");
         QTest::addColumn<qint64>("raw");
-        QTest::newRow("checking") << 0 << "Second Checking" << "1,250.75" << false << qint64(12507500);
-        QTest::newRow("savings, debit") << 1 << "Overdrawn" << "20" << true << qint64(-200000);
-        QTest::newRow("money market, 31 characters") << 2 << "ABCDEFGHIJKLMNOPQRSTUVWXYZ01234" << "0" << false
-                                                     << qint64(0);
-        QTest::newRow("card owing") << 3 << "Travel Visa" << "642.18" << true << qint64(-6421800);
+        QTest::newRow("checking") << 0 << "Second Checking"
+                                  << "1,250.75" << false << qint64(12507500);
+        QTest::newRow("savings, debit") << 1 << "Overdrawn"
+                                        << "20" << true << qint64(-200000);
+        QTest::newRow("money market, 31 characters") << 2 << "ABCDEFGHIJKLMNOPQRSTUVWXYZ01234"
+                                                     << "0" << false << qint64(0);
+        QTest::newRow("card owing") << 3 << "Travel Visa"
+                                    << "642.18" << true << qint64(-6421800);
     }
     void addStoresAccountAndOpeningEntry()
     {
@@ -162,7 +171,8 @@ private Q_SLOTS:
         QCOMPARE(a.NextCheckNum, -1);
         QCOMPARE(a.ViewFromDate.text(), QStringLiteral("All"));
 
-        const QString reg = dir.filePath(QStringLiteral("trans ") + stored + QStringLiteral(".Dat"));
+        const QString reg
+            = dir.filePath(QStringLiteral("trans ") + stored + QStringLiteral(".Dat"));
         QCOMPARE(QFileInfo(reg).size(), qint64(TransRecord::Size));
         const TransRecord t = get<TransRecord>(reg, 1);
         QCOMPARE(t.Tranno, std::int16_t(1));
@@ -170,7 +180,8 @@ private Q_SLOTS:
         QCOMPARE(t.TypeNum, std::int16_t(15));
         QCOMPARE(t.Date.text(), QStringLiteral("08/01/2026"));
         QCOMPARE(t.Amount.raw(), raw);
-        QCOMPARE(t.TransClass.text(), kind == 3 ? QStringLiteral("CC Trans") : QStringLiteral("Norm Trans"));
+        QCOMPARE(t.TransClass.text(),
+                 kind == 3 ? QStringLiteral("CC Trans") : QStringLiteral("Norm Trans"));
         QCOMPARE(t.CCBankNum, std::int16_t(kind == 3 ? 2 : 0));
         QCOMPARE(QFileInfo::exists(f.budget()), kind == 3);
         // The name is now taken for the other data set too.
@@ -197,12 +208,14 @@ private Q_SLOTS:
         QCOMPARE(cat.CCBankRecnum, std::int16_t(2));
         QCOMPARE(cat.ItemCount, std::int16_t(0)); // nothing left over from the removed category
         QVERIFY(cat.Balance.isZero());
-        QCOMPARE(get<TransRecord>(f.registerFile(QStringLiteral("Visa")), 1).CCBudNum, std::int16_t(2));
+        QCOMPARE(get<TransRecord>(f.registerFile(QStringLiteral("Visa")), 1).CCBudNum,
+                 std::int16_t(2));
 
         QVERIFY(add(f, 3, QStringLiteral("Store Card")).ok);
         QCOMPARE(RecordFile<BudgetRecord>(f.budget()).count(), 4);
         QCOMPARE(get<BudgetRecord>(f.budget(), 4).CCBankRecnum, std::int16_t(3));
-        QCOMPARE(get<TransRecord>(f.registerFile(QStringLiteral("Store Card")), 1).CCBudNum, std::int16_t(4));
+        QCOMPARE(get<TransRecord>(f.registerFile(QStringLiteral("Store Card")), 1).CCBudNum,
+                 std::int16_t(4));
     }
 
     void renameRefused()
@@ -216,7 +229,8 @@ private Q_SLOTS:
         const auto before = folderSnapshot(dir.path());
         AccountService service(f);
         for (int bankNum : {0, 3, 4, -1})
-            QCOMPARE(service.rename(bankNum, QStringLiteral("Fresh")).error, AccountService::SelectToRename);
+            QCOMPARE(service.rename(bankNum, QStringLiteral("Fresh")).error,
+                     AccountService::SelectToRename);
         QCOMPARE(service.rename(2, QStringLiteral(" everyday")).error,
                  QStringLiteral("An account name cannot begin with a blank"));
         QCOMPARE(service.rename(2, QStringLiteral("EVERYDAY")).error, InUse);
@@ -264,10 +278,14 @@ private Q_SLOTS:
     {
         QTemporaryDir ref;
         setUpForRename(ref.path());
-        QVERIFY(AccountService(DataFiles(ref.path(), false)).rename(2, QStringLiteral("Travel Card")).ok);
+        QVERIFY(AccountService(DataFiles(ref.path(), false))
+                    .rename(2, QStringLiteral("Travel Card"))
+                    .ok);
         const auto allNew = folderSnapshot(ref.path());
 
-        struct Killed {};
+        struct Killed
+        {
+        };
         for (int k = 0;; ++k) {
             QTemporaryDir dir;
             setUpForRename(dir.path());
@@ -277,7 +295,8 @@ private Q_SLOTS:
                     throw Killed{};
             });
             try {
-                AccountService(DataFiles(dir.path(), false)).rename(2, QStringLiteral("Travel Card"));
+                AccountService(DataFiles(dir.path(), false))
+                    .rename(2, QStringLiteral("Travel Card"));
             } catch (const Killed &) {
                 killed = true;
             }
@@ -287,7 +306,8 @@ private Q_SLOTS:
                 break;
             }
             QVERIFY(UnitOfWork::recover(dir.path()));
-            QVERIFY2(folderSnapshot(dir.path()) == allNew, qPrintable(QStringLiteral("step %1").arg(k)));
+            QVERIFY2(folderSnapshot(dir.path()) == allNew,
+                     qPrintable(QStringLiteral("step %1").arg(k)));
         }
     }
 };

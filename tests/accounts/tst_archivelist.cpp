@@ -37,8 +37,12 @@ private Q_SLOTS:
                              QStringLiteral("Old Savings")});
 
         UnitOfWork unit(files.dataDir());
-        QCOMPARE(ArchiveList::addEntry(unit, files, QStringLiteral("SV"), QStringLiteral("Vacation")), 2);
-        QCOMPARE(ArchiveList::addEntry(unit, files, QStringLiteral("CC"), QStringLiteral("Old Visa")), 4);
+        QCOMPARE(
+            ArchiveList::addEntry(unit, files, QStringLiteral("SV"), QStringLiteral("Vacation")),
+            2);
+        QCOMPARE(
+            ArchiveList::addEntry(unit, files, QStringLiteral("CC"), QStringLiteral("Old Visa")),
+            4);
         QVERIFY(unit.commit());
 
         RecordFile<ArchiveRecord> list(files.archiveList());
@@ -58,7 +62,9 @@ private Q_SLOTS:
         const DataFiles own(dir.path(), false);
         writeEntries(own, {QStringLiteral("Deleted")});
         UnitOfWork unit(dir.path());
-        QCOMPARE(ArchiveList::addEntry(unit, own.other(), QStringLiteral("CH"), QStringLiteral("Demo")), 1);
+        QCOMPARE(
+            ArchiveList::addEntry(unit, own.other(), QStringLiteral("CH"), QStringLiteral("Demo")),
+            1);
         QVERIFY(unit.commit());
         QVERIFY(RecordFile<ArchiveRecord>(own.archiveList()).read(1).isDeleted());
         QCOMPARE(RecordFile<ArchiveRecord>(own.other().archiveList()).read(1).BankName.text(),

@@ -1,9 +1,9 @@
+#include "FolderSnapshot.h"
 #include "accounts/AccountBook.h"
 #include "app/AppPaths.h"
-#include "FolderSnapshot.h"
-#include "records/RecordFile.h"
 #include "app/SampleData.h"
 #include "app/StartupChecks.h"
+#include "records/RecordFile.h"
 #include "records/TransRecord.h"
 
 #include <QTemporaryDir>
@@ -24,7 +24,8 @@ private Q_SLOTS:
         QCOMPARE(text.count('\r'), 22);
         QCOMPARE(text.count('\n'), 22);
         const QList<QByteArray> lines = text.chopped(2).split('\n');
-        QCOMPARE(lines.first(), QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\r"));
+        QCOMPARE(lines.first(),
+                 QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\r"));
         QCOMPARE(lines.last(), QByteArray("</assembly>"));
     }
 
@@ -40,7 +41,8 @@ private Q_SLOTS:
         QCOMPARE(StartupChecks::ensureManifest(path), StartupChecks::ManifestResult::Existed);
         QCOMPARE(folderSnapshot(dir.path()).value(QStringLiteral("quillmere.exe.Manifest")),
                  QByteArray("edited by hand"));
-        QCOMPARE(StartupChecks::ensureManifest(dir.filePath(QStringLiteral("no/such/folder/x.exe.Manifest"))),
+        QCOMPARE(StartupChecks::ensureManifest(
+                     dir.filePath(QStringLiteral("no/such/folder/x.exe.Manifest"))),
                  StartupChecks::ManifestResult::Failed);
     }
 
@@ -84,7 +86,8 @@ private Q_SLOTS:
         for (const BankAcctRecord &acct : *accounts) {
             Currency sum;
             int n = 0;
-            for (const TransRecord &t : RecordFile<TransRecord>(sample.registerFile(acct.BankName.text())).readAll()) {
+            for (const TransRecord &t :
+                 RecordFile<TransRecord>(sample.registerFile(acct.BankName.text())).readAll()) {
                 sum += t.Amount;
                 QCOMPARE(t.Tranno, std::int16_t(++n));
             }

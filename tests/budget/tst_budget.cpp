@@ -1,3 +1,4 @@
+#include "FolderSnapshot.h"
 #include "accounts/AccountBook.h"
 #include "accounts/AccountService.h"
 #include "budget/BudgetBook.h"
@@ -5,11 +6,10 @@
 #include "budget/BudgetCheck.h"
 #include "budget/BudgetTransfers.h"
 #include "core/EntryChecks.h"
-#include "register/EntryRules.h"
-#include "FolderSnapshot.h"
 #include "records/RecordFile.h"
-#include "register/RegisterService.h"
 #include "records/TransactionTemplate.h"
+#include "register/EntryRules.h"
+#include "register/RegisterService.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -23,7 +23,10 @@ Q_DECLARE_METATYPE(Request)
 
 namespace {
 
-Currency cents(qint64 c) { return Currency::fromCents(c); }
+Currency cents(qint64 c)
+{
+    return Currency::fromCents(c);
+}
 
 // A data folder with the checking account "Everyday" holding $1,000.00.
 struct Books
@@ -34,12 +37,20 @@ struct Books
 
     int open(int kind, const QString &name, const QString &start, bool debit = false)
     {
-        return AccountService(files).add({kind, name, true, start, debit, QDate(2025, 1, 1)}).bankNum;
+        return AccountService(files)
+            .add({kind, name, true, start, debit, QDate(2025, 1, 1)})
+            .bankNum;
     }
-    int category(const QString &n, const QString &m) { return BudgetCategories(files).save(n, m, {}).budNum; }
+    int category(const QString &n, const QString &m)
+    {
+        return BudgetCategories(files).save(n, m, {}).budNum;
+    }
     Currency balance(int budNum) const { return BudgetBook(files).read(budNum).Balance; }
     Currency disposable() const { return BudgetBook(files).totals().disposable(); }
-    QByteArray bytes(const QString &p) const { return folderSnapshot(dir.path()).value(QFileInfo(p).fileName()); }
+    QByteArray bytes(const QString &p) const
+    {
+        return folderSnapshot(dir.path()).value(QFileInfo(p).fileName());
+    }
 
     BudgetTransfers::Result periodic(bool remove = false)
     {
@@ -51,20 +62,26 @@ struct Books
         return BudgetTransfers(files).single({"03/02/2025", what, {}, from, to, amount}, confirmed);
     }
     // Enters (or, with a record number, rewrites) a transaction through the register.
-    RegisterService::Result enter(int bankNum, const QString &type, const QString &amount, int budNum, int n = 0)
+    RegisterService::Result enter(int bankNum, const QString &type, const QString &amount,
+                                  int budNum, int n = 0)
     {
-        const EntryRules::Input in{type, "Corner Shop", amount, "03/05/2025", {}, budNum != 0 ? 1 : 0, budNum,
-                                   BudgetBook(files).read(budNum).BudName.text()};
-        const TransRecord r = EntryRules::fillRecord(TransactionTemplate::blank(), in, AccountBook(files).read(bankNum),
+        const EntryRules::Input in{
+            type, "Corner Shop",       amount, "03/05/2025",
+            {},   budNum != 0 ? 1 : 0, budNum, BudgetBook(files).read(budNum).BudName.text()};
+        const TransRecord r = EntryRules::fillRecord(TransactionTemplate::blank(), in,
+                                                     AccountBook(files).read(bankNum),
                                                      BudgetBook(files).cardCategory(bankNum));
-        return n == 0 ? RegisterService(files).add(bankNum, r) : RegisterService(files).change(bankNum, n, r);
+        return n == 0 ? RegisterService(files).add(bankNum, r)
+                      : RegisterService(files).change(bankNum, n, r);
     }
 };
 
-QString overBudget(const QString &amount, const QString &name, const QString &balance, const QString &taken)
+QString overBudget(const QString &amount, const QString &name, const QString &balance,
+                   const QString &taken)
 {
-    return "The new transaction amount of " + amount + " exceeds the " + name + " budget balance of " + balance
-           + ". \n\n" + taken + " will be taken from disposable cash.";
+    return "The new transaction amount of " + amount + " exceeds the " + name
+           + " budget balance of " + balance + ". \n\n" + taken
+           + " will be taken from disposable cash.";
 }
 
 } // namespace
@@ -83,12 +100,20 @@ private Q_SLOTS:
 
         const QString none, sixty = overBudget("$60.00", "Dining", "$55.00", "$5.00");
         // With a record number: a change of that record, before it a $30.00 purchase in oldBud.
-        auto entry = [](const char *type, const char *amount, int bud, int tranno = 0, int oldBud = 0, int applies = 0,
-                        bool card = false) {
-            return Check{.amountText = amount, .typeText = type, .budgetIndex = bud != 0, .budNum = bud,
-                         .budName = QStringList{"", "Groceries", "Dining"}.value(bud, "Gone"), .cardIndex = card,
-                         .cardBudNum = 3, .cardName = "Visa", .mode = tranno != 0, .tranno = tranno,
-                         .oldTransAmount = cents(tranno != 0 ? -30'00 : 0), .oldBudNum = oldBud,
+        auto entry = [](const char *type, const char *amount, int bud, int tranno = 0,
+                        int oldBud = 0, int applies = 0, bool card = false) {
+            return Check{.amountText = amount,
+                         .typeText = type,
+                         .budgetIndex = bud != 0,
+                         .budNum = bud,
+                         .budName = QStringList{"", "Groceries", "Dining"}.value(bud, "Gone"),
+                         .cardIndex = card,
+                         .cardBudNum = 3,
+                         .cardName = "Visa",
+                         .mode = tranno != 0,
+                         .tranno = tranno,
+                         .oldTransAmount = cents(tranno != 0 ? -30'00 : 0),
+                         .oldBudNum = oldBud,
                          .oldAmountApplies = applies};
         };
         QTest::newRow("exactly the balance") << entry("Withdrawal", "40", 1) << 1 << none;
@@ -99,13 +124,16 @@ private Q_SLOTS:
         QTest::newRow("change 30 to 50") << entry("Withdrawal", "50", 2, 5, 2, -1) << 2 << none;
         QTest::newRow("change 30 to 60") << entry("Withdrawal", "60", 2, 5, 2, -1) << 2 << sixty;
         QTest::newRow("30 to 50, flag clear") << entry("Withdrawal", "50", 2, 5, 2, 0) << 2 << none;
-        QTest::newRow("30 to 60, flag clear") << entry("Withdrawal", "60", 2, 5, 2, 0) << 2 << sixty;
-        QTest::newRow("moved to another category") << entry("Withdrawal", "30", 2, 5, 1, 0) << 2
-                                                   << overBudget("$30.00", "Dining", "$25.00", "$5.00");
+        QTest::newRow("30 to 60, flag clear")
+            << entry("Withdrawal", "60", 2, 5, 2, 0) << 2 << sixty;
+        QTest::newRow("moved to another category")
+            << entry("Withdrawal", "30", 2, 5, 1, 0) << 2
+            << overBudget("$30.00", "Dining", "$25.00", "$5.00");
         QTest::newRow("no category, no card") << entry("Withdrawal", "5000", 0) << 0 << none;
         QTest::newRow("card") << entry("Charge", "15", 0, 0, 0, 0, true) << 3
                               << overBudget("$15.00", "Visa", "$10.00", "$5.00");
-        QTest::newRow("change of record 1") << entry("Withdrawal", "5000", 1, 1, 1, -1) << 0 << none;
+        QTest::newRow("change of record 1")
+            << entry("Withdrawal", "5000", 1, 1, 1, -1) << 0 << none;
         QTest::newRow("past the end") << entry("Withdrawal", "0.01", 99) << 99
                                       << overBudget("$0.01", "Gone", "$0.00", "$0.01");
     }
@@ -201,7 +229,8 @@ private Q_SLOTS:
         b.category("Rent", "500");
         QVERIFY(b.periodic().ok);
         // The same name with blanks around it: the same record, balance kept.
-        QCOMPARE(BudgetCategories(b.files).save("  Travel ", "5", {{{"Bus", "20"}}}).budNum, travel);
+        QCOMPARE(BudgetCategories(b.files).save("  Travel ", "5", {{{"Bus", "20"}}}).budNum,
+                 travel);
         QCOMPARE(b.balance(travel), cents(20'00));
 
         QVERIFY(BudgetCategories(b.files).remove(travel).ok);
@@ -215,7 +244,8 @@ private Q_SLOTS:
 
         // A card's own category is kept as long as the card.
         const int card = BudgetBook(b.files).cardCategory(b.open(3, "Visa", "0"));
-        QCOMPARE(BudgetCategories(b.files).rename(card, "Other").error, BudgetCategories::CardRename);
+        QCOMPARE(BudgetCategories(b.files).rename(card, "Other").error,
+                 BudgetCategories::CardRename);
         QCOMPARE(BudgetCategories(b.files).remove(card).error, BudgetCategories::CardRemove);
         QCOMPARE(BudgetBook(b.files).read(card).BudName.text(), "Visa");
     }
@@ -241,13 +271,15 @@ private Q_SLOTS:
         Books b;
         BudgetCategories::ItemRows rows;
         for (int i = 0; i < filled.size(); ++i)
-            rows[filled[i]] = {QStringLiteral(" Item %1 ").arg(i + 1), QLatin1Char(' ') + amounts[i]};
+            rows[filled[i]]
+                = {QStringLiteral(" Item %1 ").arg(i + 1), QLatin1Char(' ') + amounts[i]};
         const auto r = BudgetCategories(b.files).save("Food", "30", rows);
         const BudgetRecord c = BudgetBook(b.files).read(r.budNum);
         QTEST(c.AmountText.text(), "monthly");
         QCOMPARE(int(c.ItemCount), filled.size());
         for (int i = 0; i < BudgetRecord::MaxItems; ++i) {
-            QCOMPARE(c.ItemNames[i].text(), i < filled.size() ? QStringLiteral("Item %1").arg(i + 1) : QString());
+            QCOMPARE(c.ItemNames[i].text(),
+                     i < filled.size() ? QStringLiteral("Item %1").arg(i + 1) : QString());
             QCOMPARE(c.ItemAmounts[i].text(), amounts.value(i));
         }
     }
@@ -259,16 +291,30 @@ private Q_SLOTS:
         QTest::addColumn<QString>("kept");
 
         const QString max = EntryChecks::MaxAmountText;
-        QTest::newRow("whole") << "50" << "" << " 50";
-        QTest::newRow("negative") << "-12.50" << "" << "-12.5";
-        QTest::newRow("blank") << "" << "" << " 0";
+        QTest::newRow("whole") << "50"
+                               << ""
+                               << " 50";
+        QTest::newRow("negative") << "-12.50"
+                                  << ""
+                                  << "-12.5";
+        QTest::newRow("blank") << ""
+                               << ""
+                               << " 0";
         QTest::newRow("ninety billion") << "90,000,000,000" << max << "";
         QTest::newRow("minus ninety billion") << "-90000000000" << max << "";
-        QTest::newRow("a cent below") << "89,999,999,999.99" << "" << " 89999999999.99";
-        QTest::newRow("a cent above minus") << "-89999999999.99" << "" << "-89999999999.99";
-        QTest::newRow("not a number") << "12x" << "The monthly amount must be a number" << "";
+        QTest::newRow("a cent below") << "89,999,999,999.99"
+                                      << ""
+                                      << " 89999999999.99";
+        QTest::newRow("a cent above minus") << "-89999999999.99"
+                                            << ""
+                                            << "-89999999999.99";
+        QTest::newRow("not a number") << "12x"
+                                      << "The monthly amount must be a number"
+                                      << "";
         // Too many digits for the 15-character field: kept to the cent, not cut.
-        QTest::newRow("long decimals") << "1234567890.1234" << "" << " 1234567890.12";
+        QTest::newRow("long decimals") << "1234567890.1234"
+                                       << ""
+                                       << " 1234567890.12";
     }
 
     void amounts()
@@ -288,10 +334,13 @@ private Q_SLOTS:
         QTest::addColumn<QString>("error");
         QTest::addColumn<bool>("ok");
 
-        QTest::newRow("twenty characters") << "  Twenty characters! " << "" << true;
-        QTest::newRow("twenty-one") << "Twenty-one characters" << BudgetCategories::NameTooLong << false;
+        QTest::newRow("twenty characters") << "  Twenty characters! "
+                                           << "" << true;
+        QTest::newRow("twenty-one")
+            << "Twenty-one characters" << BudgetCategories::NameTooLong << false;
         QTest::newRow("Deleted") << " Deleted " << BudgetCategories::NameReserved << false;
-        QTest::newRow("blank") << "   " << "" << false;
+        QTest::newRow("blank") << "   "
+                               << "" << false;
     }
 
     // Saving a new category and renaming one take the same names.
@@ -317,19 +366,30 @@ private Q_SLOTS:
         QTest::addColumn<QString>("title");
 
         const QString ok = "03/01/2025", all = BudgetTransfers::CompleteAll, none;
-        const QString setUp = BudgetTransfers::SetUpBudget, same = BudgetTransfers::DifferentCategories;
+        const QString setUp = BudgetTransfers::SetUpBudget,
+                      same = BudgetTransfers::DifferentCategories;
         const QString date = EntryChecks::BadDateText, dateTitle = EntryChecks::BadDateTitle;
         const QString fixed = "That transfer cannot be changed";
-        QTest::newRow("periodic, amount 0") << "periodic" << Request{ok, "d", {}, -1, -1, "0"} << setUp << none;
-        QTest::newRow("nothing budgeted") << "zero" << Request{ok, "d", {}, -1, -1, "25"} << setUp << none;
-        QTest::newRow("bad date") << "periodic" << Request{"02/30/2025", "d", {}, -1, -1, "5"} << date << dateTitle;
-        QTest::newRow("periodic, no description") << "periodic" << Request{ok, "  ", {}, -1, -1, "5"} << all << none;
-        QTest::newRow("single, no source") << "single" << Request{ok, "d", {}, -1, 1, "5"} << all << none;
-        QTest::newRow("single, same") << "single" << Request{ok, "d", {}, 1, 1, "5"} << same << none;
-        QTest::newRow("cash to cash") << "single" << Request{ok, "d", {}, 0, 0, "5"} << same << none;
-        QTest::newRow("change, same") << "change" << Request{ok, "d", {}, 1, 1, "5"} << same << none;
-        QTest::newRow("change, no amount") << "change" << Request{ok, "d", {}, 0, 1, ""} << all << none;
-        QTest::newRow("change periodic") << "change periodic" << Request{ok, "d", {}, 0, 1, "5"} << fixed << none;
+        QTest::newRow("periodic, amount 0")
+            << "periodic" << Request{ok, "d", {}, -1, -1, "0"} << setUp << none;
+        QTest::newRow("nothing budgeted")
+            << "zero" << Request{ok, "d", {}, -1, -1, "25"} << setUp << none;
+        QTest::newRow("bad date") << "periodic" << Request{"02/30/2025", "d", {}, -1, -1, "5"}
+                                  << date << dateTitle;
+        QTest::newRow("periodic, no description")
+            << "periodic" << Request{ok, "  ", {}, -1, -1, "5"} << all << none;
+        QTest::newRow("single, no source")
+            << "single" << Request{ok, "d", {}, -1, 1, "5"} << all << none;
+        QTest::newRow("single, same")
+            << "single" << Request{ok, "d", {}, 1, 1, "5"} << same << none;
+        QTest::newRow("cash to cash")
+            << "single" << Request{ok, "d", {}, 0, 0, "5"} << same << none;
+        QTest::newRow("change, same")
+            << "change" << Request{ok, "d", {}, 1, 1, "5"} << same << none;
+        QTest::newRow("change, no amount")
+            << "change" << Request{ok, "d", {}, 0, 1, ""} << all << none;
+        QTest::newRow("change periodic")
+            << "change periodic" << Request{ok, "d", {}, 0, 1, "5"} << fixed << none;
     }
 
     void transferRefusals()
@@ -343,9 +403,10 @@ private Q_SLOTS:
         QVERIFY(b.single(0, 1, "5").ok);
         const auto before = folderSnapshot(b.dir.path());
         BudgetTransfers transfers(b.files);
-        const auto r = kind.startsWith("change") ? transfers.change(kind.endsWith("periodic") ? 1 : 2, request)
-                       : kind == "single"        ? transfers.single(request, true)
-                                                 : transfers.periodic(request, false);
+        const auto r = kind.startsWith("change")
+                           ? transfers.change(kind.endsWith("periodic") ? 1 : 2, request)
+                       : kind == "single" ? transfers.single(request, true)
+                                          : transfers.periodic(request, false);
         QVERIFY(!r.ok);
         QTEST(r.error, "error");
         QTEST(r.title, "title");
@@ -384,8 +445,9 @@ private Q_SLOTS:
 
         const auto before = folderSnapshot(b.dir.path());
         const auto asked = b.single(groceries, dining, "55");
-        QCOMPARE(asked.warning, "$55.00 exceeds the Groceries balance of $40.00. $15.00 will be taken from "
-                                "disposable cash)");
+        QCOMPARE(asked.warning,
+                 "$55.00 exceeds the Groceries balance of $40.00. $15.00 will be taken from "
+                 "disposable cash)");
         QVERIFY(folderSnapshot(b.dir.path()) == before);
         QCOMPARE(b.single(groceries, dining, "55", true).recordNumber, 3);
         QCOMPARE(b.balance(groceries), Currency());
@@ -404,7 +466,8 @@ private Q_SLOTS:
         QCOMPARE(b.balance(a), cents(-20'00));
         QCOMPARE(b.balance(bb), Currency());
         QCOMPARE(b.balance(c), cents(80'00));
-        const BudgetTransRecord t = RecordFile<BudgetTransRecord>(b.files.budgetTransfers()).read(n);
+        const BudgetTransRecord t
+            = RecordFile<BudgetTransRecord>(b.files.budgetTransfers()).read(n);
         QCOMPARE(t.ToBudNum, c);
         QCOMPARE(t.Amount, cents(80'00));
     }

@@ -1,9 +1,9 @@
+#include "FolderSnapshot.h"
 #include "records/ArchiveRecord.h"
 #include "records/BankAcctRecord.h"
 #include "records/BudgetRecord.h"
 #include "records/BudgetTransRecord.h"
 #include "records/DataFiles.h"
-#include "FolderSnapshot.h"
 #include "records/GenInfoRecord.h"
 #include "records/PayeeRecord.h"
 #include "records/RecordFile.h"
@@ -14,8 +14,7 @@
 
 namespace {
 
-template<typename R>
-QByteArray encode(const R &r)
+template<typename R> QByteArray encode(const R &r)
 {
     QByteArray b(R::Size, '\0');
     r.encode(b.data());
@@ -28,8 +27,7 @@ QByteArray encode(const R &r)
 class Layout
 {
 public:
-    template<typename Int>
-    void integer(int offset, int width, Int &field, qint64 value)
+    template<typename Int> void integer(int offset, int width, Int &field, qint64 value)
     {
         field = Int(value);
         QByteArray want(width, '\0');
@@ -43,8 +41,7 @@ public:
         integer(offset, 8, plain, raw); // an amount is its raw count, little-endian
         field = Currency::fromRaw(raw);
     }
-    template<int N>
-    void text(int offset, int width, FixedText<N> &field, const QByteArray &value)
+    template<int N> void text(int offset, int width, FixedText<N> &field, const QByteArray &value)
     {
         field = QString::fromLatin1(value);
         m_expected.append({offset, value.leftJustified(width, ' ', true)});
@@ -53,8 +50,7 @@ public:
     // Empty when the encoded record holds the noted bytes, every byte is noted
     // exactly once, and decoding then encoding gives back any bytes read: the
     // encoded record, or arbitrary ones (NULs, code-page bytes, reserved areas).
-    template<typename R>
-    QString problems(const R &record) const
+    template<typename R> QString problems(const R &record) const
     {
         QByteArray want(R::Size, '\x55');
         QList<int> seen(R::Size, 0);
@@ -69,7 +65,9 @@ public:
         record.encode(got.data());
         const auto [g, w] = std::mismatch(got.begin(), got.end(), want.begin());
         if (g != got.end())
-            return QStringLiteral("first difference at byte %1: got %2").arg(g - got.begin()).arg(QString::fromLatin1(got.toHex(' ')));
+            return QStringLiteral("first difference at byte %1: got %2")
+                .arg(g - got.begin())
+                .arg(QString::fromLatin1(got.toHex(' ')));
         QByteArray arbitrary(R::Size, '\0');
         for (int i = 0; i < R::Size; ++i)
             arbitrary[i] = char((i * 37 + 11) & 0xFF);
@@ -205,7 +203,8 @@ private Q_SLOTS:
     {
         FixedText<6> cut(QStringLiteral(" ab cdef"));
         QCOMPARE(QByteArray(cut.bytes(), 6), QByteArray(" ab cd"));
-        QCOMPARE(FixedText<6>(QStringLiteral(" ab")).text(), QStringLiteral(" ab")); // leading blanks stay
+        QCOMPARE(FixedText<6>(QStringLiteral(" ab")).text(),
+                 QStringLiteral(" ab")); // leading blanks stay
         QVERIFY(FixedText<6>(QStringLiteral(" ab")).is(QStringLiteral("ab  ")));
         FixedText<6> neverWritten;
         neverWritten.load("ab\0\0\0\0");
@@ -214,7 +213,9 @@ private Q_SLOTS:
 
     void codePage()
     {
-        QCOMPARE(Cp1252::encode(QStringLiteral("Caf\u00e9 \u20ac5\u2122")), QByteArray("Caf\xe9 \x80" "5\x99"));
+        QCOMPARE(Cp1252::encode(QStringLiteral("Caf\u00e9 \u20ac5\u2122")),
+                 QByteArray("Caf\xe9 \x80"
+                            "5\x99"));
         QCOMPARE(Cp1252::decode("\xe9\x80\x99", 3), QStringLiteral("\u00e9\u20ac\u2122"));
         // One "?" per character outside the code page, surrogate pairs included.
         QCOMPARE(Cp1252::encode(QStringLiteral("a\u4e2d\U0001F600b")), QByteArray("a??b"));
@@ -252,8 +253,11 @@ private Q_SLOTS:
         QVERIFY(!QFileInfo::exists(path)); // counting and reading create nothing
 
         // One whole record and half of the next: 51 bytes count as 2 records.
-        writeBytes(path, encode(ArchiveRecord{1, QStringLiteral("CH"), QStringLiteral("Half recorded name here")})
-                             + encode(ArchiveRecord{2, QStringLiteral("CH"), QStringLiteral("Half recorded name here")}).left(17));
+        writeBytes(path, encode(ArchiveRecord{1, QStringLiteral("CH"),
+                                              QStringLiteral("Half recorded name here")})
+                             + encode(ArchiveRecord{2, QStringLiteral("CH"),
+                                                    QStringLiteral("Half recorded name here")})
+                                   .left(17));
         RecordFile<ArchiveRecord> file(path);
         QVERIFY(file.open());
         QCOMPARE(file.count(), 2);
@@ -267,30 +271,37 @@ private Q_SLOTS:
     {
         QTest::addColumn<bool>("sample");
         QTest::addColumn<QStringList>("names");
-        QTest::newRow("own") << false
-                             << QStringList{"Geninfo.dat", "BankAcctName.Dat", "Budget.Dat",
-                                            "trans Budget.Dat", "Payee.Dat", "Archive.Dat", "Period"};
+        QTest::newRow("own") << false << QStringList{"Geninfo.dat", "BankAcctName.Dat",
+                                                     "Budget.Dat",  "trans Budget.Dat",
+                                                     "Payee.Dat",   "Archive.Dat",
+                                                     "Period"};
         QTest::newRow("sample") << true
-                                << QStringList{"Geninfo.dat", "Sample BankAcctName.Dat", "Sample Budget.Dat",
-                                               "Sample trans Budget.Dat", "Sample Payee.Dat",
-                                               "Sample Archive.Dat", "Sample Period"};
+                                << QStringList{"Geninfo.dat",       "Sample BankAcctName.Dat",
+                                               "Sample Budget.Dat", "Sample trans Budget.Dat",
+                                               "Sample Payee.Dat",  "Sample Archive.Dat",
+                                               "Sample Period"};
     }
     void dataFileNames()
     {
         QFETCH(bool, sample);
         QFETCH(QStringList, names);
         const DataFiles f(QStringLiteral("/d/Data"), sample);
-        const QStringList got = {f.genInfo(), f.accountList(), f.budget(), f.budgetTransfers(),
-                                 f.payees(), f.archiveList(), QStringLiteral("/d/Data/") + f.periodBase()};
+        const QStringList got = {f.genInfo(),
+                                 f.accountList(),
+                                 f.budget(),
+                                 f.budgetTransfers(),
+                                 f.payees(),
+                                 f.archiveList(),
+                                 QStringLiteral("/d/Data/") + f.periodBase()};
         for (int i = 0; i < got.size(); ++i)
             QCOMPARE(got[i], QStringLiteral("/d/Data/") + names[i]);
         QCOMPARE(f.other().isSample(), !sample);
         // Registers carry no data-set prefix; trailing blanks of the name are dropped.
-        QCOMPARE(f.registerFile(QStringLiteral("Travel Visa   ")), QStringLiteral("/d/Data/trans Travel Visa.Dat"));
+        QCOMPARE(f.registerFile(QStringLiteral("Travel Visa   ")),
+                 QStringLiteral("/d/Data/trans Travel Visa.Dat"));
         QCOMPARE(f.archivedRegisterFile(QStringLiteral("Old Savings ")),
                  QStringLiteral("/d/Data/Archive Old Savings.Dat"));
     }
-
 };
 
 QTEST_GUILESS_MAIN(RecordLayoutTest)

@@ -1,7 +1,7 @@
+#include "FolderSnapshot.h"
 #include "records/ArchiveRecord.h"
 #include "records/BankAcctRecord.h"
 #include "records/BudgetRecord.h"
-#include "FolderSnapshot.h"
 #include "records/PayeeRecord.h"
 #include "records/RecordFile.h"
 #include "records/TransRecord.h"
@@ -12,7 +12,9 @@
 
 namespace {
 
-struct Killed {};
+struct Killed
+{
+};
 
 // Stops a commit after `at` data-file steps (0: right after the journal is
 // made valid); always takes the hook away again.
@@ -55,12 +57,13 @@ TransRecord entry(int n, const char *desc, qint64 cents)
 // The files as they are before the operation.
 void makeOld(const QString &dir)
 {
-    writeBytes(in(dir, "BankAcctName.Dat"),
-               UnitOfWork::encoded(account(1, "Everyday", 100'00)) + UnitOfWork::encoded(account(2, "Old", 5'00)));
+    writeBytes(in(dir, "BankAcctName.Dat"), UnitOfWork::encoded(account(1, "Everyday", 100'00))
+                                                + UnitOfWork::encoded(account(2, "Old", 5'00)));
     writeBytes(in(dir, "Payee.Dat"),
-               UnitOfWork::encoded(PayeeRecord{1, 2, QStringLiteral("Old"), QStringLiteral("Corner Store")}));
-    writeBytes(in(dir, "trans Old.Dat"),
-               UnitOfWork::encoded(entry(1, "Opening", 10'00)) + UnitOfWork::encoded(entry(2, "Lunch", -5'00)));
+               UnitOfWork::encoded(
+                   PayeeRecord{1, 2, QStringLiteral("Old"), QStringLiteral("Corner Store")}));
+    writeBytes(in(dir, "trans Old.Dat"), UnitOfWork::encoded(entry(1, "Opening", 10'00))
+                                             + UnitOfWork::encoded(entry(2, "Lunch", -5'00)));
 }
 
 // One operation touching four files, one of them renamed and one created.
@@ -103,7 +106,8 @@ private Q_SLOTS:
         QCOMPARE(unit.append(renamed, entry(3, "Third", 3)), 3);
         QCOMPARE(unit.append(renamed, entry(4, "Fourth", 4)), 4);
         unit.write(renamed, 3, entry(3, "Third again", 3)); // the later write wins
-        QCOMPARE(unit.read<TransRecord>(renamed, 3).Description.text(), QStringLiteral("Third again"));
+        QCOMPARE(unit.read<TransRecord>(renamed, 3).Description.text(),
+                 QStringLiteral("Third again"));
         // A record skipped over reads as zeros; nothing reaches the disk before commit.
         const QString fresh = in(dir.path(), "Archive.Dat");
         unit.write(fresh, 3, ArchiveRecord{3, QStringLiteral("SV"), QStringLiteral("Third")});
@@ -116,7 +120,8 @@ private Q_SLOTS:
         QVERIFY(!QFileInfo::exists(UnitOfWork::journalPath(dir.path())));
         QCOMPARE(QFileInfo(fresh).size(), qint64(3 * ArchiveRecord::Size));
         QCOMPARE(QFileInfo(renamed).size(), qint64(4 * TransRecord::Size));
-        QCOMPARE(RecordFile<TransRecord>(renamed).read(3).Description.text(), QStringLiteral("Third again"));
+        QCOMPARE(RecordFile<TransRecord>(renamed).read(3).Description.text(),
+                 QStringLiteral("Third again"));
     }
 
     void appendStopsAtTheRecordLimit()
@@ -149,7 +154,8 @@ private Q_SLOTS:
         QCOMPARE(lastStep, 6); // one rename, five record writes
         const auto allNew = folderSnapshot(ref.path());
         QVERIFY(allNew != allOld);
-        QVERIFY(allNew.contains(QStringLiteral("trans New.Dat")) && allNew.contains(QStringLiteral("Budget.Dat")));
+        QVERIFY(allNew.contains(QStringLiteral("trans New.Dat"))
+                && allNew.contains(QStringLiteral("Budget.Dat")));
 
         for (int k = 0; k <= lastStep; ++k) {
             QTemporaryDir dir;
@@ -167,7 +173,8 @@ private Q_SLOTS:
             QVERIFY2(killed, qPrintable(QStringLiteral("step %1").arg(k)));
             QVERIFY(QFileInfo::exists(UnitOfWork::journalPath(dir.path())));
             QVERIFY(UnitOfWork::recover(dir.path()));
-            QVERIFY2(folderSnapshot(dir.path()) == allNew, qPrintable(QStringLiteral("step %1").arg(k)));
+            QVERIFY2(folderSnapshot(dir.path()) == allNew,
+                     qPrintable(QStringLiteral("step %1").arg(k)));
             // A second recovery has nothing left to do.
             QVERIFY(UnitOfWork::recover(dir.path()));
             QVERIFY(folderSnapshot(dir.path()) == allNew);
@@ -199,7 +206,9 @@ private Q_SLOTS:
         if (damage == QLatin1String("byte flipped"))
             bytes[bytes.size() / 2] = char(bytes[bytes.size() / 2] ^ 0x01);
         else
-            bytes.truncate(damage == QLatin1String("half") ? bytes.size() / 2 : damage == QLatin1String("empty") ? 0 : bytes.size() - 1);
+            bytes.truncate(damage == QLatin1String("half")    ? bytes.size() / 2
+                           : damage == QLatin1String("empty") ? 0
+                                                              : bytes.size() - 1);
         writeBytes(journal, bytes);
         QVERIFY(UnitOfWork::recover(dir.path()));
         QVERIFY(!QFileInfo::exists(journal));

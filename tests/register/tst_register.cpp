@@ -1,15 +1,15 @@
+#include "FolderSnapshot.h"
 #include "accounts/AccountBook.h"
 #include "accounts/AccountService.h"
-#include "register/CheckNumbers.h"
 #include "core/EntryChecks.h"
-#include "register/EntryRules.h"
-#include "FolderSnapshot.h"
-#include "register/PayeeBook.h"
 #include "records/PayeeRecord.h"
 #include "records/RecordFile.h"
-#include "register/RegisterService.h"
 #include "records/TransactionTemplate.h"
 #include "records/UnitOfWork.h"
+#include "register/CheckNumbers.h"
+#include "register/EntryRules.h"
+#include "register/PayeeBook.h"
+#include "register/RegisterService.h"
 #include "register/ViewRange.h"
 
 #include <QTemporaryDir>
@@ -22,12 +22,14 @@ namespace {
 
 QString overdrawn(const char *amount, const char *balance, const char *by)
 {
-    return QStringLiteral("The transaction amount of %1 exceeds the Everyday balance of %2 by %3.\n\n"
-                          "     ---- The Account will go negative. ----")
+    return QStringLiteral(
+               "The transaction amount of %1 exceeds the Everyday balance of %2 by %3.\n\n"
+               "     ---- The Account will go negative. ----")
         .arg(QLatin1String(amount), QLatin1String(balance), QLatin1String(by));
 }
 
-Input entry(const QString &type, const QString &amount, const QString &date = QStringLiteral("03/01/2025"))
+Input entry(const QString &type, const QString &amount,
+            const QString &date = QStringLiteral("03/01/2025"))
 {
     Input in;
     in.typeText = type;
@@ -40,8 +42,10 @@ Input entry(const QString &type, const QString &amount, const QString &date = QS
 // A checking account "Everyday" opened with 100.00; returns its number.
 int openEveryday(const DataFiles &files)
 {
-    return AccountService(files).add({0, QStringLiteral("Everyday"), true, QStringLiteral("100.00"), false,
-                                      QDate(2025, 1, 1)}).bankNum;
+    return AccountService(files)
+        .add({0, QStringLiteral("Everyday"), true, QStringLiteral("100.00"), false,
+              QDate(2025, 1, 1)})
+        .bankNum;
 }
 
 TransRecord newRecord(const BankAcctRecord &account, const Input &in)
@@ -74,23 +78,36 @@ private Q_SLOTS:
         QTest::addColumn<QString>("warning");
         QTest::addColumn<bool>("notice");
 
-        QTest::newRow("to exactly zero") << "Withdrawal" << "100.00" << 100'00LL << 0LL << 0 << "" << false;
-        QTest::newRow("one cent over") << "Withdrawal" << "100.01" << 100'00LL << 0LL << 0
+        QTest::newRow("to exactly zero") << "Withdrawal"
+                                         << "100.00" << 100'00LL << 0LL << 0 << "" << false;
+        QTest::newRow("one cent over") << "Withdrawal"
+                                       << "100.01" << 100'00LL << 0LL << 0
                                        << overdrawn("$100.01", "$100.00", "$0.01") << false;
-        QTest::newRow("check over") << "Check # 1001" << "1,250" << 1'000'00LL << 0LL << 0
+        QTest::newRow("check over") << "Check # 1001"
+                                    << "1,250" << 1'000'00LL << 0LL << 0
                                     << overdrawn("$1,250.00", "$1,000.00", "$250.00") << false;
-        QTest::newRow("change 50 into 60") << "Withdrawal" << "60.00" << 5'00LL << -50'00LL << 0
+        QTest::newRow("change 50 into 60") << "Withdrawal"
+                                           << "60.00" << 5'00LL << -50'00LL << 0
                                            << overdrawn("$60.00", "$55.00", "$5.00") << false;
-        QTest::newRow("change 50 into 55") << "Withdrawal" << "55.00" << 5'00LL << -50'00LL << 0 << "" << false;
-        QTest::newRow("deposit") << "Deposit" << "5000" << 0LL << 0LL << 0 << "" << false;
-        QTest::newRow("deposit on a card") << "Deposit" << "5" << 10'00LL << 0LL << 2 << "" << true;
-        QTest::newRow("auto charge, balance up") << "Auto Charge" << "1,000,000" << 1'00LL << 0LL << 0 << "" << false;
-        QTest::newRow("auto charge, balance down") << "Auto Charge" << "10" << -1'00LL << 0LL << 0
-                                                   << overdrawn("$0.00", "($1.00)", "$1.00") << false;
-        QTest::newRow("auto charge on a card") << "Auto Charge" << "10" << 50'00LL << 0LL << 1 << "" << true;
-        QTest::newRow("withdrawal on a card") << "Withdrawal" << "10" << 50'00LL << 0LL << 1 << "" << false;
-        QTest::newRow("opening debit") << "Starting Balance" << "10" << 0LL << 0LL << 1
-                                       << overdrawn("$10.00", "$0.00", "$10.00") << false;
+        QTest::newRow("change 50 into 55") << "Withdrawal"
+                                           << "55.00" << 5'00LL << -50'00LL << 0 << "" << false;
+        QTest::newRow("deposit") << "Deposit"
+                                 << "5000" << 0LL << 0LL << 0 << "" << false;
+        QTest::newRow("deposit on a card") << "Deposit"
+                                           << "5" << 10'00LL << 0LL << 2 << "" << true;
+        QTest::newRow("auto charge, balance up")
+            << "Auto Charge"
+            << "1,000,000" << 1'00LL << 0LL << 0 << "" << false;
+        QTest::newRow("auto charge, balance down")
+            << "Auto Charge"
+            << "10" << -1'00LL << 0LL << 0 << overdrawn("$0.00", "($1.00)", "$1.00") << false;
+        QTest::newRow("auto charge on a card") << "Auto Charge"
+                                               << "10" << 50'00LL << 0LL << 1 << "" << true;
+        QTest::newRow("withdrawal on a card") << "Withdrawal"
+                                              << "10" << 50'00LL << 0LL << 1 << "" << false;
+        QTest::newRow("opening debit")
+            << "Starting Balance"
+            << "10" << 0LL << 0LL << 1 << overdrawn("$10.00", "$0.00", "$10.00") << false;
     }
 
     void balanceWarning()
@@ -104,9 +121,9 @@ private Q_SLOTS:
         Input in = entry(type, amount);
         in.cardIndex = card;
         in.debit = true; // only the opening entry reads it
-        const auto check = EntryRules::checkAccountBalance(in, QStringLiteral("Everyday"),
-                                                           Currency::fromCents(balance),
-                                                           oldAmount != 0, Currency::fromCents(oldAmount));
+        const auto check = EntryRules::checkAccountBalance(
+            in, QStringLiteral("Everyday"), Currency::fromCents(balance), oldAmount != 0,
+            Currency::fromCents(oldAmount));
         QTEST(check.warning.value_or(QString()), "warning");
         QTEST(check.incorrectPaymentType, "notice");
     }
@@ -121,9 +138,11 @@ private Q_SLOTS:
         const QString ok;
         const QString date = EntryChecks::BadDateText, dateT = EntryChecks::BadDateTitle;
         const QString type = EntryRules::UnknownType, cat = EntryRules::SelectCategory;
-        auto row = [](const char *name, const char *type, const char *amount, const char *date = "03/01/2025",
-                      int bud = 0, int card = 0, const char *kind = "CH") -> QTestData & {
-            Input in = entry(QString::fromLatin1(type), QString::fromLatin1(amount), QString::fromLatin1(date));
+        auto row = [](const char *name, const char *type, const char *amount,
+                      const char *date = "03/01/2025", int bud = 0, int card = 0,
+                      const char *kind = "CH") -> QTestData & {
+            Input in = entry(QString::fromLatin1(type), QString::fromLatin1(amount),
+                             QString::fromLatin1(date));
             in.budgetIndex = bud;
             in.cardIndex = card;
             return QTest::newRow(name) << QString::fromLatin1(kind) << in;
@@ -140,13 +159,16 @@ private Q_SLOTS:
         row("unknown type", "Transfer", "abc") << type << ok;
         row("next check unsettled", "Next Check #", "5") << type << ok;
         row("check without number", "Check #", "5") << type << ok;
-        row("check too large", "Check #99999999999", "abc") << CheckNumbers::TooLargeText << CheckNumbers::TooLargeTitle;
+        row("check too large", "Check #99999999999", "abc")
+            << CheckNumbers::TooLargeText << CheckNumbers::TooLargeTitle;
         row("largest check", "Check #2147483647", "5") << ok << ok;
         row("not a number", "Withdrawal", "12x") << "The amount must be a number" << ok;
-        row("negative", "Withdrawal", "-5") << "Type the amount without a sign: the type gives it its sign" << ok;
+        row("negative", "Withdrawal", "-5")
+            << "Type the amount without a sign: the type gives it its sign" << ok;
         row("zero", "Withdrawal", "0.00") << "Enter an amount greater than zero" << ok;
         row("zero opening", "Starting Balance", "0") << ok << ok;
-        row("ninety billion", "Deposit", "90,000,000,000") << EntryChecks::MaxAmountText << EntryChecks::MaxAmountTitle;
+        row("ninety billion", "Deposit", "90,000,000,000")
+            << EntryChecks::MaxAmountText << EntryChecks::MaxAmountTitle;
         row("just under", "Deposit", "89,999,999,999.99") << ok << ok;
         row("debit card in savings", "Debit Card", "5", "03/01/2025", 0, 0, "SV") << type << ok;
         row("withdrawal in a card", "Withdrawal", "5", "03/01/2025", 0, 0, "CC") << type << ok;
@@ -170,14 +192,17 @@ private Q_SLOTS:
     // gives the amount a sign, so that nothing is stored as zero or with the wrong sign.
     void offeredTypesCarryASign()
     {
-        const QStringList deposits = {"Deposit", "ATM Deposit", "Direct Deposit", "Interest Received", "Credit"};
+        const QStringList deposits
+            = {"Deposit", "ATM Deposit", "Direct Deposit", "Interest Received", "Credit"};
         for (const QString kind : {"CH", "SV", "MM", "CC"}) {
             const QStringList types = EntryRules::typesFor(kind);
-            QCOMPARE(types.contains(CheckNumbers::NextCheck), kind == QLatin1String("CH") || kind == QLatin1String("MM"));
+            QCOMPARE(types.contains(CheckNumbers::NextCheck),
+                     kind == QLatin1String("CH") || kind == QLatin1String("MM"));
             for (const QString &t : types) {
                 if (t == CheckNumbers::NextCheck || t == CheckNumbers::EnterCheck)
                     continue;
-                QVERIFY2(!EntryRules::validate(kind, entry(t, QStringLiteral("7"))), qPrintable(QString(kind + t)));
+                QVERIFY2(!EntryRules::validate(kind, entry(t, QStringLiteral("7"))),
+                         qPrintable(QString(kind + t)));
                 const Currency expected = Currency::fromUnits(deposits.contains(t) ? 7 : -7);
                 QCOMPARE(EntryRules::signedAmount(entry(t, QStringLiteral("7"))), expected);
             }
@@ -195,7 +220,8 @@ private Q_SLOTS:
         records[0].Type = QStringLiteral("Starting Balance");
         records[1].Type = QStringLiteral("123");
         records[2].Type = QStringLiteral(" 1001");
-        records[3].Type = QStringLiteral("Check #77"); // a savings account's check: no number of the register
+        records[3].Type
+            = QStringLiteral("Check #77"); // a savings account's check: no number of the register
         QVERIFY(isDuplicate(records, *numericValue(QStringLiteral("00123"))));
         QVERIFY(isDuplicate(records, 1001));
         QVERIFY(!isDuplicate(records, 124));
@@ -219,15 +245,23 @@ private Q_SLOTS:
         QTest::addColumn<int>("bud");
         QTest::addColumn<QString>("stored");
 
-        QTest::newRow("withdrawal, category") << "CH" << "Withdrawal" << 2
-                                              << "Withdrawal|7|-25|Groceries|7|Norm Trans|na|0|0";
-        QTest::newRow("next check") << "CH" << CheckNumbers::offeredText(1001) << 0
-                                    << " 1001|6|-25|na|0|Norm Trans|na|0|0";
-        QTest::newRow("typed check") << "MM" << "Check #00123" << 0 << "00123|6|-25|na|0|Norm Trans|na|0|0";
-        QTest::newRow("check in savings") << "SV" << "Check #12" << 0 << "Check #12|6|-25|na|0|Norm Trans|na|0|0";
-        QTest::newRow("check in a card") << "CC" << "Check #12" << 0 << "Check #12|6|-25|na|0|CC Trans|Visa|4|9";
-        QTest::newRow("charge") << "CC" << "Charge" << 2 << "Charge|14|-25|Groceries|7|CC Trans|Visa|4|9";
-        QTest::newRow("card credit") << "CC" << " Credit " << 0 << "Credit|5|25|na|0|CC Trans|Visa|4|9";
+        QTest::newRow("withdrawal, category")
+            << "CH"
+            << "Withdrawal" << 2 << "Withdrawal|7|-25|Groceries|7|Norm Trans|na|0|0";
+        QTest::newRow("next check")
+            << "CH" << CheckNumbers::offeredText(1001) << 0 << " 1001|6|-25|na|0|Norm Trans|na|0|0";
+        QTest::newRow("typed check") << "MM"
+                                     << "Check #00123" << 0 << "00123|6|-25|na|0|Norm Trans|na|0|0";
+        QTest::newRow("check in savings")
+            << "SV"
+            << "Check #12" << 0 << "Check #12|6|-25|na|0|Norm Trans|na|0|0";
+        QTest::newRow("check in a card")
+            << "CC"
+            << "Check #12" << 0 << "Check #12|6|-25|na|0|CC Trans|Visa|4|9";
+        QTest::newRow("charge") << "CC"
+                                << "Charge" << 2 << "Charge|14|-25|Groceries|7|CC Trans|Visa|4|9";
+        QTest::newRow("card credit") << "CC"
+                                     << " Credit " << 0 << "Credit|5|25|na|0|CC Trans|Visa|4|9";
     }
 
     void filledRecord()
@@ -238,16 +272,18 @@ private Q_SLOTS:
         BankAcctRecord account;
         account.BankNum = 4;
         account.Type = kind;
-        account.BankName = kind == QLatin1String("CC") ? QStringLiteral("Visa") : QStringLiteral("Everyday");
+        account.BankName
+            = kind == QLatin1String("CC") ? QStringLiteral("Visa") : QStringLiteral("Everyday");
         Input in = entry(type, QStringLiteral("$25"), QStringLiteral("1/1/25"));
         in.budgetIndex = bud;
         in.budNum = 7;
         in.budName = QStringLiteral("Groceries");
         const TransRecord r = EntryRules::fillRecord(TransactionTemplate::blank(), in, account, 9);
 
-        const QStringList stored = {r.Type.text(), QString::number(r.TypeNum), r.Amount.toPlainText(),
-                                    r.BudName.text(), QString::number(r.BudNum), r.TransClass.text(),
-                                    r.CCBankName.text(), QString::number(r.CCBankNum), QString::number(r.CCBudNum)};
+        const QStringList stored
+            = {r.Type.text(),       QString::number(r.TypeNum),   r.Amount.toPlainText(),
+               r.BudName.text(),    QString::number(r.BudNum),    r.TransClass.text(),
+               r.CCBankName.text(), QString::number(r.CCBankNum), QString::number(r.CCBudNum)};
         QTEST(stored.join(QLatin1Char('|')), "stored");
         QCOMPARE(r.Date.text(), QStringLiteral("01/01/2025"));
         QCOMPARE(r.Description.text(), QStringLiteral("Corner Grocer"));
@@ -263,7 +299,8 @@ private Q_SLOTS:
         const BankAcctRecord account = AccountBook(files).read(bank);
 
         RegisterService service(files);
-        auto r = service.add(bank, newRecord(account, entry(CheckNumbers::offeredText(1005), "10")));
+        auto r
+            = service.add(bank, newRecord(account, entry(CheckNumbers::offeredText(1005), "10")));
         QVERIFY2(r.ok, qPrintable(r.error));
         QCOMPARE(r.recordNumber, 2);
         QCOMPARE(r.account.NextCheckNum, 1005);
@@ -276,7 +313,8 @@ private Q_SLOTS:
         QCOMPARE(r.account.NextCheckNum, 1001);
         QCOMPARE(r.account.Balance, Currency::fromUnits(105));
 
-        std::vector<TransRecord> recs = RegisterService(files).load(AccountBook(files).read(bank)).records;
+        std::vector<TransRecord> recs
+            = RegisterService(files).load(AccountBook(files).read(bank)).records;
         QCOMPARE(recs.size(), std::size_t(4));
         QCOMPARE(int(recs[3].Tranno), 4);
 
@@ -284,14 +322,20 @@ private Q_SLOTS:
         TransRecord base = recs[1];
         base.Status = TransactionTemplate::Cleared;
         base.DateClear = QStringLiteral("03/05/2025");
-        r = service.change(bank, 2, EntryRules::fillRecord(base, entry(CheckNumbers::offeredText(1005), "30"), account, 0));
+        r = service.change(
+            bank, 2,
+            EntryRules::fillRecord(base, entry(CheckNumbers::offeredText(1005), "30"), account, 0));
         QVERIFY(r.ok);
         QCOMPARE(r.account.Balance, Currency::fromUnits(85));
         QCOMPARE(r.account.NextCheckNum, 1001); // same check number: left alone
-        r = service.change(bank, 3, EntryRules::fillRecord(recs[2], entry(QStringLiteral("Check #1010"), "5"), account, 0));
+        r = service.change(
+            bank, 3,
+            EntryRules::fillRecord(recs[2], entry(QStringLiteral("Check #1010"), "5"), account, 0));
         QCOMPARE(r.account.NextCheckNum, 1010);
         QCOMPARE(r.account.Balance, Currency::fromUnits(85));
-        r = service.change(bank, 4, EntryRules::fillRecord(recs[3], entry(QStringLiteral("Withdrawal"), "20"), account, 0));
+        r = service.change(
+            bank, 4,
+            EntryRules::fillRecord(recs[3], entry(QStringLiteral("Withdrawal"), "20"), account, 0));
         QCOMPARE(r.account.Balance, Currency::fromUnits(45));
         QVERIFY(!service.change(bank, 5, recs[3]).ok);
 
@@ -331,7 +375,8 @@ private Q_SLOTS:
         const auto before = folderSnapshot(dir.path());
 
         const BankAcctRecord account = AccountBook(files).read(bank);
-        const auto r = RegisterService(files).add(bank, newRecord(account, entry(QStringLiteral("Deposit"), "1")));
+        const auto r = RegisterService(files).add(
+            bank, newRecord(account, entry(QStringLiteral("Deposit"), "1")));
         QVERIFY(!r.ok);
         QCOMPARE(r.title, RegisterService::RegisterFullTitle);
         QVERIFY(folderSnapshot(dir.path()) == before);
@@ -348,7 +393,8 @@ private Q_SLOTS:
         QVERIFY(QFile::remove(path));
         auto expected = folderSnapshot(dir.path());
         expected.insert(QFileInfo(path).fileName(), QByteArray());
-        const auto r = RegisterService(files).add(bank, newRecord(account, entry(QStringLiteral("Deposit"), "1")));
+        const auto r = RegisterService(files).add(
+            bank, newRecord(account, entry(QStringLiteral("Deposit"), "1")));
         QVERIFY(!r.ok);
         QCOMPARE(r.title, RegisterService::MissingTitle);
         QVERIFY(folderSnapshot(dir.path()) == expected);
@@ -367,7 +413,8 @@ private Q_SLOTS:
 
         QTest::newRow("all") << "All" << 1;
         QTest::newRow("before every record") << "12/31/2024" << 1;
-        QTest::newRow("between, entry order wins") << "01/03/2025" << 2; // record 4 bears 01/03 but comes later
+        QTest::newRow("between, entry order wins")
+            << "01/03/2025" << 2; // record 4 bears 01/03 but comes later
         QTest::newRow("short form") << "1/6/25" << 3;
         QTest::newRow("skips an earlier date") << "01/11/2025" << 5;
         QTest::newRow("on the last") << "01/25/2025" << 6;
@@ -379,9 +426,9 @@ private Q_SLOTS:
         QFETCH(QString, from);
         QFETCH(int, first);
 
-        const std::vector<TransRecord> recs = {dated("01/01/2025", 100'00), dated("01/05/2025", -10'00),
-                                               dated("01/10/2025", 20'00),  dated("01/03/2025", -5'00),
-                                               dated("01/20/2025", 7'00),   dated("01/25/2025", 3'00)};
+        const std::vector<TransRecord> recs
+            = {dated("01/01/2025", 100'00), dated("01/05/2025", -10'00), dated("01/10/2025", 20'00),
+               dated("01/03/2025", -5'00),  dated("01/20/2025", 7'00),   dated("01/25/2025", 3'00)};
         QCOMPARE(ViewRange::firstShown(recs, from), first);
 
         const std::vector<Currency> balances = ViewRange::runningBalances(recs);
@@ -419,7 +466,8 @@ private Q_SLOTS:
 
         // Records written by an older list may hold the same text under two accounts.
         UnitOfWork unit(dir.path());
-        unit.write(files.payees(), 6, PayeeRecord{6, 1, QStringLiteral("Account"), QStringLiteral("delta")});
+        unit.write(files.payees(), 6,
+                   PayeeRecord{6, 1, QStringLiteral("Account"), QStringLiteral("delta")});
         QVERIFY(unit.commit());
 
         auto listed = [&book](int bank) {

@@ -9,10 +9,11 @@
 
 // Transcript lines most runs print.
 namespace Transcript {
-const QString Manifest = QStringLiteral(
-    "msgbox title=\"Application manifest file missing\" text=\"Did not find a Manifest file, so one has been "
-    "created for you.\\nXP styles will be applied next time you run this application\" icon=information "
-    "buttons=OK -> OK\n");
+const QString Manifest = QStringLiteral("msgbox title=\"Application manifest file missing\" "
+                                        "text=\"Did not find a Manifest file, so one has been "
+                                        "created for you.\\nXP styles will be applied next time "
+                                        "you run this application\" icon=information "
+                                        "buttons=OK -> OK\n");
 const QString Tip = QStringLiteral("window frmTip shown\n");
 const QString Title = QStringLiteral("show lblTitle text=\"Quillmere\" visible=1 enabled=1\n");
 } // namespace Transcript
@@ -28,12 +29,15 @@ struct QuillmereRun
 
     struct Options
     {
-        QString configDir;                // XDG_CONFIG_HOME; empty: a fresh one
+        QString configDir; // XDG_CONFIG_HOME; empty: a fresh one
         QString screen = QStringLiteral("1024x768");
         QProcessEnvironment extraEnv;
     };
 
-    static QuillmereRun run(const QString &home, const QString &script) { return run(home, script, Options()); }
+    static QuillmereRun run(const QString &home, const QString &script)
+    {
+        return run(home, script, Options());
+    }
     static QuillmereRun run(const QString &home, const QString &script, const Options &options)
     {
         QuillmereRun r;
@@ -47,7 +51,8 @@ struct QuillmereRun
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
         env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
         env.insert(QStringLiteral("XDG_CONFIG_HOME"),
-                   options.configDir.isEmpty() ? scratch.filePath(QStringLiteral("config")) : options.configDir);
+                   options.configDir.isEmpty() ? scratch.filePath(QStringLiteral("config"))
+                                               : options.configDir);
         env.remove(QStringLiteral("QUILLMERE_STOP_AFTER_STEP"));
         for (const QString &key : options.extraEnv.keys())
             env.insert(key, options.extraEnv.value(key));
@@ -55,8 +60,9 @@ struct QuillmereRun
         QProcess p;
         p.setProcessEnvironment(env);
         p.start(QStringLiteral(QUILLMERE_BINARY),
-                {QStringLiteral("--home"), home, QStringLiteral("--script"), scriptPath, QStringLiteral("--today"),
-                 QStringLiteral("11/21/2026"), QStringLiteral("--screen"), options.screen});
+                {QStringLiteral("--home"), home, QStringLiteral("--script"), scriptPath,
+                 QStringLiteral("--today"), QStringLiteral("11/21/2026"),
+                 QStringLiteral("--screen"), options.screen});
         r.finished = p.waitForFinished(60000) && p.exitStatus() == QProcess::NormalExit;
         r.exitCode = p.exitCode();
         r.out = QString::fromUtf8(p.readAllStandardOutput());

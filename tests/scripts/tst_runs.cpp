@@ -17,8 +17,8 @@
 namespace {
 
 using namespace Transcript;
-const QString AlreadyRunning =
-    QStringLiteral("msgbox title=\"Quillmere\" text=\"Quillmere is already running\" icon=none buttons=OK -> OK\n");
+const QString AlreadyRunning = QStringLiteral("msgbox title=\"Quillmere\" text=\"Quillmere is "
+                                              "already running\" icon=none buttons=OK -> OK\n");
 
 } // namespace
 
@@ -41,15 +41,18 @@ void TestRuns::secondCopyOnTheSameFolderIsRefused()
     QLockFile running(data + QStringLiteral("/Quillmere.lock"));
     QVERIFY(running.tryLock(0));
 
-    const QuillmereRun refused = QuillmereRun::run(home.path(), QStringLiteral("# nothing to do\n"));
+    const QuillmereRun refused
+        = QuillmereRun::run(home.path(), QStringLiteral("# nothing to do\n"));
     QVERIFY(refused.finished);
     QCOMPARE(refused.exitCode, 0);
     QCOMPARE(refused.out, Manifest + AlreadyRunning);
     // The copy that gave way wrote nothing into the data folder and left the lock alone.
-    QCOMPARE(QDir(data).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("Quillmere.lock")});
+    QCOMPARE(QDir(data).entryList(QDir::Files | QDir::Hidden),
+             QStringList{QStringLiteral("Quillmere.lock")});
     QVERIFY(running.isLocked());
     // A copy on another home folder runs side by side.
-    QCOMPARE(QuillmereRun::run(other.path(), QStringLiteral("show lblTitle\n")).out, Manifest + Tip + Title);
+    QCOMPARE(QuillmereRun::run(other.path(), QStringLiteral("show lblTitle\n")).out,
+             Manifest + Tip + Title);
 }
 
 void TestRuns::interruptedAddComesBackComplete_data()
@@ -80,11 +83,13 @@ void TestRuns::interruptedAddComesBackComplete()
 
     // A first run sets the home folder up and opens the Accounts panel (which
     // is remembered), so that adding the card is the first thing written in the next one.
-    QCOMPARE(QuillmereRun::run(home.path(), QStringLiteral("panel accounts\n"), options).exitCode, 0);
+    QCOMPARE(QuillmereRun::run(home.path(), QStringLiteral("panel accounts\n"), options).exitCode,
+             0);
 
     QuillmereRun::Options stopping = options;
     if (stopAfter >= 0)
-        stopping.extraEnv.insert(QStringLiteral("QUILLMERE_STOP_AFTER_STEP"), QString::number(stopAfter));
+        stopping.extraEnv.insert(QStringLiteral("QUILLMERE_STOP_AFTER_STEP"),
+                                 QString::number(stopAfter));
     const QuillmereRun add = QuillmereRun::run(home.path(),
                                                QStringLiteral("panel accounts\n"
                                                               "choose cmbAcctType Credit Card\n"
@@ -101,16 +106,18 @@ void TestRuns::interruptedAddComesBackComplete()
         QVERIFY(QFile::exists(UnitOfWork::journalPath(data)));
     } else {
         QCOMPARE(add.exitCode, 0);
-        QCOMPARE(add.out, QStringLiteral("show lblRegisterTitle text=\"Visa Card\" visible=0 enabled=1\n"));
+        QCOMPARE(add.out,
+                 QStringLiteral("show lblRegisterTitle text=\"Visa Card\" visible=0 enabled=1\n"));
     }
 
     // The next start finishes the operation: the card is there with its
     // balance, and the stopped run's lock is no obstacle.
-    const QuillmereRun after =
-        QuillmereRun::run(home.path(), QStringLiteral("show lbltotbalamt\nshow lblRegisterTitle\n"), options);
+    const QuillmereRun after = QuillmereRun::run(
+        home.path(), QStringLiteral("show lbltotbalamt\nshow lblRegisterTitle\n"), options);
     QCOMPARE(after.exitCode, 0);
-    QCOMPARE(after.out, QStringLiteral("show lbltotbalamt text=\"($300.25)\" visible=1 enabled=1\n"
-                                       "show lblRegisterTitle text=\"Visa Card\" visible=0 enabled=1\n"));
+    QCOMPARE(after.out,
+             QStringLiteral("show lbltotbalamt text=\"($300.25)\" visible=1 enabled=1\n"
+                            "show lblRegisterTitle text=\"Visa Card\" visible=0 enabled=1\n"));
     QVERIFY(!QFile::exists(UnitOfWork::journalPath(data)));
 
     // Written once each, however often the operation was finished.
@@ -126,7 +133,6 @@ void TestRuns::interruptedAddComesBackComplete()
     RecordFile<TransRecord> reg(files.registerFile(QStringLiteral("Visa Card")));
     QCOMPARE(reg.count(), 1);
     QCOMPARE(reg.read(1).Amount.toCurrencyText(), QStringLiteral("($300.25)"));
-
 }
 
 QTEST_MAIN(TestRuns)

@@ -35,10 +35,14 @@ void TestScriptRunner::escapesTranscriptStrings_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("quoted");
-    QTest::newRow("CR LF is one break") << "a\r\nb\n" << R"("a\nb\n")";
-    QTest::newRow("lone CR") << "a\rb" << R"("a\rb")";
-    QTest::newRow("tab and backslash") << "C:\\x\ty" << R"("C:\\x\ty")";
-    QTest::newRow("quotes") << "say \"hi\"" << R"("say \"hi\"")";
+    QTest::newRow("CR LF is one break") << "a\r\nb\n"
+                                        << R"("a\nb\n")";
+    QTest::newRow("lone CR") << "a\rb"
+                             << R"("a\rb")";
+    QTest::newRow("tab and backslash") << "C:\\x\ty"
+                                       << R"("C:\\x\ty")";
+    QTest::newRow("quotes") << "say \"hi\""
+                            << R"("say \"hi\"")";
     QTest::newRow("other control") << QString(QChar(1)) << R"("\x01")";
 }
 
@@ -62,51 +66,61 @@ void TestScriptRunner::windowsTakeQueuedAnswers()
     s.queueAnswer(QStringLiteral("msgbox"), QStringLiteral("No"), 3);
     s.queueAnswer(QStringLiteral("frmFund"), QStringLiteral("Cancel"), 4);
     // A box that only informs answers itself and leaves the queue alone.
-    QCOMPARE(s.messageBox(QStringLiteral("Saved"), QStringLiteral("T"), I::Icon::Information, I::Buttons::OK),
+    QCOMPARE(s.messageBox(QStringLiteral("Saved"), QStringLiteral("T"), I::Icon::Information,
+                          I::Buttons::OK),
              I::Answer::OK);
-    QCOMPARE(s.messageBox(QStringLiteral("Delete?"), QStringLiteral("T"), I::Icon::Question, I::Buttons::YesNo),
+    QCOMPARE(s.messageBox(QStringLiteral("Delete?"), QStringLiteral("T"), I::Icon::Question,
+                          I::Buttons::YesNo),
              I::Answer::No);
     QCOMPARE(s.fund(QStringLiteral("Over budget"), QStringLiteral("Food is over.\r\nGo on?")), 1);
     QVERIFY(!s.takeFault());
-    // Without an answer the program carries on as if the window were closed, and the script is told.
-    QCOMPARE(s.messageBox(QStringLiteral("Go?"), QStringLiteral("T"), I::Icon::Critical, I::Buttons::YesNoCancel),
+    // Without an answer the program carries on as if the window were closed, and the script is
+    // told.
+    QCOMPARE(s.messageBox(QStringLiteral("Go?"), QStringLiteral("T"), I::Icon::Critical,
+                          I::Buttons::YesNoCancel),
              I::Answer::Cancel);
     QVERIFY(s.takeFault());
     QCOMPARE(s.fund(QStringLiteral("A"), QStringLiteral("b")), 1);
     QVERIFY(s.takeFault());
     QVERIFY(!s.takeFault());
     s.beep();
-    s.print(QStringLiteral("Register"), {QStringLiteral("Date\tAmount"), QStringLiteral("\"x\""), QString()});
+    s.print(QStringLiteral("Register"),
+            {QStringLiteral("Date\tAmount"), QStringLiteral("\"x\""), QString()});
     s.setClipboard(QStringLiteral("12.50"));
     s.openUrl(QStringLiteral("https://example.org/help"));
-    QCOMPARE(lines, QStringList({
-                        R"(msgbox title="T" text="Saved" icon=information buttons=OK -> OK)",
-                        R"(msgbox title="T" text="Delete?" icon=question buttons=YesNo -> No)",
-                        R"(fund title="Over budget" text="Food is over.\nGo on?" -> Cancel)",
-                        R"(msgbox title="T" text="Go?" icon=critical buttons=YesNoCancel -> (no answer))",
-                        R"(fund title="A" text="b" -> (no answer))",
-                        "beep",
-                        R"(print job="Register")",
-                        R"(| Date\tAmount)",
-                        R"(| "x")",
-                        "| ",
-                        R"(clipboard text="12.50")",
-                        R"(open url="https://example.org/help")",
-                    }));
+    QCOMPARE(lines,
+             QStringList({
+                 R"(msgbox title="T" text="Saved" icon=information buttons=OK -> OK)",
+                 R"(msgbox title="T" text="Delete?" icon=question buttons=YesNo -> No)",
+                 R"(fund title="Over budget" text="Food is over.\nGo on?" -> Cancel)",
+                 R"(msgbox title="T" text="Go?" icon=critical buttons=YesNoCancel -> (no answer))",
+                 R"(fund title="A" text="b" -> (no answer))",
+                 "beep",
+                 R"(print job="Register")",
+                 R"(| Date\tAmount)",
+                 R"(| "x")",
+                 "| ",
+                 R"(clipboard text="12.50")",
+                 R"(open url="https://example.org/help")",
+             }));
 
     // An answer for another window, or naming a button the window lacks, is a fault of its line.
     s.queueAnswer(QStringLiteral("frmFund"), QStringLiteral("Continue"), 7);
-    QCOMPARE(s.messageBox(QStringLiteral("?"), QString(), I::Icon::None, I::Buttons::YesNo), I::Answer::No);
+    QCOMPARE(s.messageBox(QStringLiteral("?"), QString(), I::Icon::None, I::Buttons::YesNo),
+             I::Answer::No);
     QVERIFY(s.takeFault().value_or(QString()).contains(QStringLiteral("line 7")));
     QCOMPARE(s.fund(QStringLiteral("T"), QStringLiteral("x")), 0);
     s.queueAnswer(QStringLiteral("frmCalendar"), QStringLiteral("Today"), 11);
-    QCOMPARE(s.askWindow(QStringLiteral("frmReport"), {QStringLiteral("Print")}, QStringLiteral("Close")),
+    QCOMPARE(s.askWindow(QStringLiteral("frmReport"), {QStringLiteral("Print")},
+                         QStringLiteral("Close")),
              QStringLiteral("Close"));
     QVERIFY(s.takeFault());
-    QCOMPARE(s.askWindow(QStringLiteral("frmCalendar"), {QStringLiteral("Today")}, QStringLiteral("Close")),
+    QCOMPARE(s.askWindow(QStringLiteral("frmCalendar"), {QStringLiteral("Today")},
+                         QStringLiteral("Close")),
              QStringLiteral("Today"));
     s.queueAnswer(QStringLiteral("msgbox"), QStringLiteral("Yes"), 9);
-    QCOMPARE(s.messageBox(QStringLiteral("?"), QString(), I::Icon::None, I::Buttons::OKCancel), I::Answer::Cancel);
+    QCOMPARE(s.messageBox(QStringLiteral("?"), QString(), I::Icon::None, I::Buttons::OKCancel),
+             I::Answer::Cancel);
     QVERIFY(s.takeFault().value_or(QString()).contains(QStringLiteral("line 9")));
 }
 
@@ -144,7 +158,8 @@ void TestScriptRunner::modalWindowOutsideTheSeamIsClosed()
     auto *ask = new QPushButton(&w);
     ask->setObjectName(QStringLiteral("cmdAsk"));
     int result = -1;
-    connect(ask, &QPushButton::clicked, this, [&] { result = QMessageBox::question(&w, QStringLiteral("Sure?"), {}); });
+    connect(ask, &QPushButton::clicked, this,
+            [&] { result = QMessageBox::question(&w, QStringLiteral("Sure?"), {}); });
     w.show();
     QFile script(home.filePath(QStringLiteral("ask.qms")));
     QVERIFY(script.open(QIODevice::WriteOnly));
@@ -166,27 +181,34 @@ void TestScriptRunner::scriptErrorsNameTheLine_data()
     QTest::addColumn<QString>("screen");
     auto row = [](const char *tag, const char *script, const char *error, const QString &transcript,
                   const char *screen = "1024x768") {
-        QTest::newRow(tag) << QString::fromUtf8(script) << QStringLiteral("run.qms:") + QString::fromUtf8(error)
-                           << transcript << QString::fromLatin1(screen);
+        QTest::newRow(tag) << QString::fromUtf8(script)
+                           << QStringLiteral("run.qms:") + QString::fromUtf8(error) << transcript
+                           << QString::fromLatin1(screen);
     };
     // CR LF line ends, comments, blank lines, quoted and trailing blanks are read as meant.
     row("unknown command",
-        "  # note\r\n\r\npanel accounts\r\nset txtBankName \"Rainy \\\"Day\\\"\"\r\nshow txtBankName\r\n"
+        "  # note\r\n\r\npanel accounts\r\nset txtBankName \"Rainy \\\"Day\\\"\"\r\nshow "
+        "txtBankName\r\n"
         "set txtBankName Rainy Day   \r\nshow txtBankName\r\nfrobnicate x\r\nshow lblTitle\r\n",
         "8: unknown command frobnicate",
-        Manifest + Tip + "show txtBankName text=\"Rainy \\\"Day\\\"\" visible=1 enabled=1\n"
-                         "show txtBankName text=\"Rainy Day\" visible=1 enabled=1\n");
+        Manifest + Tip
+            + "show txtBankName text=\"Rainy \\\"Day\\\"\" visible=1 enabled=1\n"
+              "show txtBankName text=\"Rainy Day\" visible=1 enabled=1\n");
     row("unknown control", "click cmdFoo\n", "1: no control named cmdFoo", Manifest + Tip);
-    row("unused answer", "answer msgbox Yes\nshow lblTitle\n", "1: answer msgbox Yes was never used",
-        Manifest + Tip + Title);
-    row("no such button", "show lblTitle\nanswer msgbox Maybe\n", "2: a message box has no button Maybe (OK, Yes, No or Cancel)",
-        Manifest + Tip + Title);
-    row("bad quoted text", "set txtBankName \"Main\n", "1: a quoted string has no closing \"", Manifest + Tip);
-    row("row out of range", "cell flxgdBankAcct 10 0\n", "1: flxgdBankAcct has no row 10 to click", Manifest + Tip);
+    row("unused answer", "answer msgbox Yes\nshow lblTitle\n",
+        "1: answer msgbox Yes was never used", Manifest + Tip + Title);
+    row("no such button", "show lblTitle\nanswer msgbox Maybe\n",
+        "2: a message box has no button Maybe (OK, Yes, No or Cancel)", Manifest + Tip + Title);
+    row("bad quoted text", "set txtBankName \"Main\n", "1: a quoted string has no closing \"",
+        Manifest + Tip);
+    row("row out of range", "cell flxgdBankAcct 10 0\n", "1: flxgdBankAcct has no row 10 to click",
+        Manifest + Tip);
     row("after a refused start", "restart\nshow lblTitle\n",
         "2: Quillmere is not running: start-up stopped (see the transcript)",
-        Manifest + "msgbox title=\"Screen Resolution too small\" text=\"Please make your screen resolution 800x600 "
-                   "or higher.\" icon=exclamation buttons=OK -> OK\n",
+        Manifest
+            + "msgbox title=\"Screen Resolution too small\" text=\"Please make your screen "
+              "resolution 800x600 "
+              "or higher.\" icon=exclamation buttons=OK -> OK\n",
         "640x480");
 }
 

@@ -1,17 +1,17 @@
+#include "FolderSnapshot.h"
 #include "accounts/AccountBook.h"
 #include "accounts/AccountService.h"
 #include "budget/BudgetBook.h"
-#include "register/CardPayments.h"
 #include "core/EntryChecks.h"
+#include "records/RecordFile.h"
+#include "records/TransactionTemplate.h"
+#include "records/UnitOfWork.h"
+#include "register/CardPayments.h"
 #include "register/EntryRules.h"
-#include "FolderSnapshot.h"
 #include "register/LinkedRecords.h"
 #include "register/LinkedVoid.h"
-#include "records/RecordFile.h"
 #include "register/RegisterService.h"
-#include "records/TransactionTemplate.h"
 #include "transfers/TransferService.h"
-#include "records/UnitOfWork.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -38,8 +38,10 @@ struct Books
 
     Books()
     {
-        for (const auto &[kind, name, start] : {std::tuple{0, "Everyday", "1000"}, {1, "Savings", "200"},
-                                                {3, "Visa", "300"}, {3, "Amex", "0"}})
+        for (const auto &[kind, name, start] : {std::tuple{0, "Everyday", "1000"},
+                                                {1, "Savings", "200"},
+                                                {3, "Visa", "300"},
+                                                {3, "Amex", "0"}})
             AccountService(files).add({kind, name, true, start, kind == 3, QDate(2025, 1, 1)});
         UnitOfWork unit(dir.path());
         BudgetRecord c = unit.read<BudgetRecord>(files.budget(), visaCat());
@@ -57,24 +59,30 @@ struct Books
     // The balances of Everyday, Savings and Visa and the Visa category.
     QString money() const
     {
-        return QString("%1 %2 %3 %4").arg(balance(Everyday).toFixedText(), balance(Savings).toFixedText(),
-                                          balance(Visa).toFixedText(), category().toFixedText());
+        return QString("%1 %2 %3 %4")
+            .arg(balance(Everyday).toFixedText(), balance(Savings).toFixedText(),
+                 balance(Visa).toFixedText(), category().toFixedText());
     }
     QMap<QString, QByteArray> snapshot() const { return folderSnapshot(dir.path()); }
 
     // Ordinary entries that make a register longer.
     void spend(int n, int times)
     {
-        const EntryRules::Input in{n == Visa ? "Charge" : "Withdrawal", "Shop", "1", "03/01/2025", {}, 0, 0, {}};
-        const TransRecord r = EntryRules::fillRecord(TransactionTemplate::blank(), in, account(n), 0);
+        const EntryRules::Input in{
+            n == Visa ? "Charge" : "Withdrawal", "Shop", "1", "03/01/2025", {}, 0, 0, {}};
+        const TransRecord r
+            = EntryRules::fillRecord(TransactionTemplate::blank(), in, account(n), 0);
         for (int i = 0; i < times; ++i)
             QVERIFY(RegisterService(files).add(n, r).ok);
     }
-    // A payment from Everyday to a card as the register enters it (or changes it: the bank-side record).
+    // A payment from Everyday to a card as the register enters it (or changes it: the bank-side
+    // record).
     CardPayments::Result pay(const QString &amount, int card = Visa, int bankRecord = 0)
     {
-        const EntryRules::Input in{"Withdrawal", "Visa Payment", amount, "03/05/2025", "Statement", 0, 0, {}, 1};
-        const TransRecord base = bankRecord ? record(Everyday, bankRecord) : TransactionTemplate::blank();
+        const EntryRules::Input in{
+            "Withdrawal", "Visa Payment", amount, "03/05/2025", "Statement", 0, 0, {}, 1};
+        const TransRecord base
+            = bankRecord ? record(Everyday, bankRecord) : TransactionTemplate::blank();
         const TransRecord r = EntryRules::fillRecord(base, in, account(Everyday), 0);
         return bankRecord ? CardPayments(files).change(Everyday, bankRecord, r, card)
                           : CardPayments(files).add(Everyday, r, card);
@@ -89,12 +97,29 @@ struct Books
 // "from name, account, record > to name, account, record".
 QString fields(const TransRecord &r)
 {
-    const QString links = QString("%1 %2 %3 > %4 %5 %6").arg(r.PaidFromBankName.text()).arg(r.PaidFromBankNum)
-        .arg(r.PaidFromBankTransRecNum).arg(r.PaidToBankName.text()).arg(r.PaidToBankNum).arg(r.PaidToBankTransRecNum);
-    return QStringList{QString::number(r.Tranno), r.Status.text(), r.Type.text(), QString::number(r.TypeNum),
-                       r.Date.text(), r.DateClear.text(), r.Description.text(), r.Memo.text(),
-                       QString::number(r.BudNum), r.BudName.text(), r.TransClass.text(), r.CCBankName.text(),
-                       QString::number(r.CCBankNum), QString::number(r.CCBudNum), r.Amount.toFixedText(), links}
+    const QString links = QString("%1 %2 %3 > %4 %5 %6")
+                              .arg(r.PaidFromBankName.text())
+                              .arg(r.PaidFromBankNum)
+                              .arg(r.PaidFromBankTransRecNum)
+                              .arg(r.PaidToBankName.text())
+                              .arg(r.PaidToBankNum)
+                              .arg(r.PaidToBankTransRecNum);
+    return QStringList{QString::number(r.Tranno),
+                       r.Status.text(),
+                       r.Type.text(),
+                       QString::number(r.TypeNum),
+                       r.Date.text(),
+                       r.DateClear.text(),
+                       r.Description.text(),
+                       r.Memo.text(),
+                       QString::number(r.BudNum),
+                       r.BudName.text(),
+                       r.TransClass.text(),
+                       r.CCBankName.text(),
+                       QString::number(r.CCBankNum),
+                       QString::number(r.CCBudNum),
+                       r.Amount.toFixedText(),
+                       links}
         .join('|');
 }
 
@@ -108,10 +133,12 @@ void pairs(const char *second, const std::array<const char *, 2> &names)
             QTest::addRow("%s, %s", payment ? "payment" : "transfer", names[on]) << payment << on;
 }
 
-QString overdrawn(const QString &amount, const QString &name, const QString &balance, const QString &by)
+QString overdrawn(const QString &amount, const QString &name, const QString &balance,
+                  const QString &by)
 {
     return QString("The transfer amount of %1 exceeds the %2 balance of %3 by %4.\r\n\r\n"
-                   "     ---- The Account will go negative. ----").arg(amount, name, balance, by);
+                   "     ---- The Account will go negative. ----")
+        .arg(amount, name, balance, by);
 }
 
 } // namespace
@@ -121,7 +148,8 @@ class TestTransfers : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    // The from register is made longer (from record 5, to record 2), so that a mix-up of the two shows.
+    // The from register is made longer (from record 5, to record 2), so that a mix-up of the two
+    // shows.
     void linking_data()
     {
         QTest::addColumn<int>("from");
@@ -132,20 +160,30 @@ private Q_SLOTS:
         QTest::addColumn<int>("nextCheck");
         QTest::addColumn<QString>("money"); // after $3.00 spent from the from-account
 
-        const QString tail = "|03/05/2025||Move money|note|0||Transfer ", out = "||0|0|-125.50", in = "||0|0|125.50";
-        const QString deposit = "2|OP|Deposit|1" + tail + "To" + in, credit = "2|OP|Credit|5" + tail + "To" + in;
-        auto row = [&](const char *name, int from, int to, const char *type, const QString &fromType,
-                       int nextCheck, const char *money) {
+        const QString tail = "|03/05/2025||Move money|note|0||Transfer ", out = "||0|0|-125.50",
+                      in = "||0|0|125.50";
+        const QString deposit = "2|OP|Deposit|1" + tail + "To" + in,
+                      credit = "2|OP|Credit|5" + tail + "To" + in;
+        auto row = [&](const char *name, int from, int to, const char *type,
+                       const QString &fromType, int nextCheck, const char *money) {
             const QStringList names{"", "Everyday", "Savings", "Visa"};
-            const QString link = QString("|%1 %2 5 > %3 %4 2").arg(names[from]).arg(from).arg(names[to]).arg(to);
-            QTest::newRow(name) << from << to << QString(type) << "5|OP|" + fromType + tail + "From" + out + link
-                                << (to == Visa ? credit : deposit) + link << nextCheck << QString(money);
+            const QString link
+                = QString("|%1 %2 5 > %3 %4 2").arg(names[from]).arg(from).arg(names[to]).arg(to);
+            QTest::newRow(name) << from << to << QString(type)
+                                << "5|OP|" + fromType + tail + "From" + out + link
+                                << (to == Visa ? credit : deposit) + link << nextCheck
+                                << QString(money);
         };
-        row("withdrawal", Everyday, Savings, "Withdrawal", "Withdrawal|7", -1, "871.50 325.50 -300.00 50.00");
-        row("next check", Everyday, Savings, "Check # 1005", " 1005|6", 1005, "871.50 325.50 -300.00 50.00");
-        row("typed check to a card", Everyday, Visa, "Check #1005", "1005|6", 1005, "871.50 200.00 -174.50 50.00");
-        row("card charge", Visa, Savings, "Charge", "Charge|14", -1, "1000.00 325.50 -428.50 50.00");
-        row("savings to a card", Savings, Visa, "Withdrawal", "Withdrawal|7", -1, "1000.00 71.50 -174.50 50.00");
+        row("withdrawal", Everyday, Savings, "Withdrawal", "Withdrawal|7", -1,
+            "871.50 325.50 -300.00 50.00");
+        row("next check", Everyday, Savings, "Check # 1005", " 1005|6", 1005,
+            "871.50 325.50 -300.00 50.00");
+        row("typed check to a card", Everyday, Visa, "Check #1005", "1005|6", 1005,
+            "871.50 200.00 -174.50 50.00");
+        row("card charge", Visa, Savings, "Charge", "Charge|14", -1,
+            "1000.00 325.50 -428.50 50.00");
+        row("savings to a card", Savings, Visa, "Withdrawal", "Withdrawal|7", -1,
+            "1000.00 71.50 -174.50 50.00");
     }
 
     void linking()
@@ -164,7 +202,8 @@ private Q_SLOTS:
         QTEST(b.money(), "money");
         QTEST(int(b.account(from).NextCheckNum), "nextCheck");
         for (const TransRecord &x : {f, t}) { // either side finds the pair
-            const LinkedRecords l = LinkedRecords::find(b.files, x).records.value_or(LinkedRecords{});
+            const LinkedRecords l
+                = LinkedRecords::find(b.files, x).records.value_or(LinkedRecords{});
             QCOMPARE(fields(l.from) + fields(l.to), fields(f) + fields(t));
         }
     }
@@ -185,23 +224,32 @@ private Q_SLOTS:
         QTest::newRow("same account, nothing else")
             << with([](Request &r) { r.toBankNum = Everyday, r.amountText = r.description = ""; })
             << TransferService::SameAccounts << "";
-        QTest::newRow("no to-account") << with([](Request &r) { r.toBankNum = 0; }) << incomplete << "";
+        QTest::newRow("no to-account")
+            << with([](Request &r) { r.toBankNum = 0; }) << incomplete << "";
         QTest::newRow("no type") << with([](Request &r) { r.typeText = " "; }) << incomplete << "";
-        QTest::newRow("no amount") << with([](Request &r) { r.amountText = ""; }) << incomplete << "";
-        QTest::newRow("no description") << with([](Request &r) { r.description = "  "; }) << incomplete << "";
-        QTest::newRow("bad date") << with([](Request &r) { r.date = "02/30/2025"; }) << badDate << dateTitle;
+        QTest::newRow("no amount")
+            << with([](Request &r) { r.amountText = ""; }) << incomplete << "";
+        QTest::newRow("no description")
+            << with([](Request &r) { r.description = "  "; }) << incomplete << "";
+        QTest::newRow("bad date") << with([](Request &r) { r.date = "02/30/2025"; }) << badDate
+                                  << dateTitle;
         QTest::newRow("bad date first")
-            << with([](Request &r) { r.date3 = "13/01/2025", r.toBankNum = Everyday; }) << badDate << dateTitle;
-        QTest::newRow("bad cleared date") << with([](Request &r) { r.fromCleared = "9/99/25"; }) << badDate
-                                          << dateTitle;
+            << with([](Request &r) { r.date3 = "13/01/2025", r.toBankNum = Everyday; }) << badDate
+            << dateTitle;
+        QTest::newRow("bad cleared date")
+            << with([](Request &r) { r.fromCleared = "9/99/25"; }) << badDate << dateTitle;
         // Only checking and money-market accounts write checks, even when one is typed.
-        QTest::newRow("check from savings")
-            << with([](Request &r) { r.fromBankNum = Savings, r.toBankNum = Everyday, r.typeText = "Check #12"; })
-            << "Choose how the money leaves Savings" << "";
-        QTest::newRow("check from a card") << with([](Request &r) { r.fromBankNum = Visa, r.typeText = "Check #12"; })
-                                           << "Choose how the money leaves Visa" << "";
-        QTest::newRow("not a number") << with([](Request &r) { r.amountText = "12x"; })
-                                      << "The amount must be a number" << "";
+        QTest::newRow("check from savings") << with([](Request &r) {
+            r.fromBankNum = Savings, r.toBankNum = Everyday, r.typeText = "Check #12";
+        }) << "Choose how the money leaves Savings"
+                                            << "";
+        QTest::newRow("check from a card")
+            << with([](Request &r) { r.fromBankNum = Visa, r.typeText = "Check #12"; })
+            << "Choose how the money leaves Visa"
+            << "";
+        QTest::newRow("not a number")
+            << with([](Request &r) { r.amountText = "12x"; }) << "The amount must be a number"
+            << "";
         QTest::newRow("too large") << with([](Request &r) { r.amountText = "90,000,000,000"; })
                                    << EntryChecks::MaxAmountText << EntryChecks::MaxAmountTitle;
     }
@@ -229,10 +277,12 @@ private Q_SLOTS:
         QTest::newRow("to exactly zero") << +Everyday << "1000.00" << 0LL << "";
         QTest::newRow("one cent over") << +Everyday << "1000.01" << 0LL
                                        << overdrawn("$1,000.01", "Everyday", "$1,000.00", "$0.01");
-        QTest::newRow("savings") << +Savings << "250" << 0LL << overdrawn("$250.00", "Savings", "$200.00", "$50.00");
+        QTest::newRow("savings") << +Savings << "250" << 0LL
+                                 << overdrawn("$250.00", "Savings", "$200.00", "$50.00");
         QTest::newRow("change to exactly zero") << +Everyday << "1,200" << -200'00LL << "";
-        QTest::newRow("change one cent over") << +Everyday << "1200.01" << -200'00LL
-                                              << overdrawn("$1,200.01", "Everyday", "$1,200.00", "$0.01");
+        QTest::newRow("change one cent over")
+            << +Everyday << "1200.01" << -200'00LL
+            << overdrawn("$1,200.01", "Everyday", "$1,200.00", "$0.01");
     }
 
     void balanceWarning()
@@ -251,21 +301,27 @@ private Q_SLOTS:
         Books b;
         b.spend(Everyday, 2);
         QVERIFY(b.move(Everyday, Savings, "Withdrawal", "100")); // records 4 and 2
-        const Request r{Everyday, Savings, "Check #2001", "250.25", "3/5/25", "3/5/25", "3/9/25", {},
-                        "Rent share", "note"};
+        const Request r{Everyday, Savings, "Check #2001", "250.25", "3/5/25", "3/5/25",
+                        "3/9/25", {},      "Rent share",  "note"};
         QVERIFY(TransferService(b.files).change(Everyday, 4, r).ok);
         QCOMPARE(std::pair(b.length(Everyday), b.length(Savings)), std::pair(4, 2));
         const QString link = "|Everyday 1 4 > Savings 2 2";
         QCOMPARE(fields(b.record(Everyday, 4)),
-                 "4|CL|2001|6|03/05/2025|03/09/2025|Rent share|note|0||Transfer From||0|0|-250.25" + link);
-        QCOMPARE(fields(b.record(Savings, 2)), "2|OP|Deposit|1|03/05/2025||Rent share|note|0||Transfer To||0|0|250.25" + link);
+                 "4|CL|2001|6|03/05/2025|03/09/2025|Rent share|note|0||Transfer From||0|0|-250.25"
+                     + link);
+        QCOMPARE(fields(b.record(Savings, 2)),
+                 "2|OP|Deposit|1|03/05/2025||Rent share|note|0||Transfer To||0|0|250.25" + link);
         QCOMPARE(b.money(), QString("747.75 450.25 -300.00 50.00")); // after $2.00 spent
         QCOMPARE(b.account(Everyday).NextCheckNum, 2001);
 
         // The accounts of a transfer stay as they are.
         const auto before = b.snapshot();
-        QVERIFY(!TransferService(b.files).change(Everyday, 4, transfer(Everyday, Visa, "Withdrawal", "5")).ok);
-        QVERIFY(!TransferService(b.files).change(Everyday, 4, transfer(Savings, Everyday, "Withdrawal", "5")).ok);
+        QVERIFY(!TransferService(b.files)
+                     .change(Everyday, 4, transfer(Everyday, Visa, "Withdrawal", "5"))
+                     .ok);
+        QVERIFY(!TransferService(b.files)
+                     .change(Everyday, 4, transfer(Savings, Everyday, "Withdrawal", "5"))
+                     .ok);
         QVERIFY(b.snapshot() == before);
     }
 
@@ -275,12 +331,16 @@ private Q_SLOTS:
         b.spend(Everyday, 2); // $998.00 left
         const auto r = b.pay("120");
         QVERIFY2(r.ok, qPrintable(r.error));
-        QCOMPARE(std::pair(r.bankRecord, r.cardRecord), std::pair(4, 2)); // the card side after its opening entry
-        const QString card = QString("|Visa|3|%1|").arg(b.visaCat()), link = "|Everyday 1 4 > Visa 3 2";
+        QCOMPARE(std::pair(r.bankRecord, r.cardRecord),
+                 std::pair(4, 2)); // the card side after its opening entry
+        const QString card = QString("|Visa|3|%1|").arg(b.visaCat()),
+                      link = "|Everyday 1 4 > Visa 3 2";
         QCOMPARE(fields(b.record(Everyday, 4)),
-                 "4|OP|Withdrawal|7|03/05/2025||Visa Payment|Statement|0|na|PayCC BankLedger" + card + "-120.00" + link);
+                 "4|OP|Withdrawal|7|03/05/2025||Visa Payment|Statement|0|na|PayCC BankLedger" + card
+                     + "-120.00" + link);
         QCOMPARE(fields(b.record(Visa, 2)),
-                 "2|OP|Payment|5|03/05/2025||Visa Payment|Statement|0|na|PayCC CCLedger" + card + "120.00" + link);
+                 "2|OP|Payment|5|03/05/2025||Visa Payment|Statement|0|na|PayCC CCLedger" + card
+                     + "120.00" + link);
         QCOMPARE(b.money(), QString("878.00 200.00 -180.00 0.00")); // the category stops at zero
 
         // Paying beyond the debt leaves the card in credit.
@@ -294,9 +354,11 @@ private Q_SLOTS:
         QCOMPARE(b.money(), QString("438.00 200.00 260.00 60.00"));
         QCOMPARE(std::pair(b.length(Everyday), b.length(Visa)), std::pair(5, 3));
         QCOMPARE(fields(b.record(Everyday, 4)),
-                 "4|OP|Withdrawal|7|03/06/2025||Card side|m|0|na|PayCC BankLedger" + card + "-60.00" + link);
+                 "4|OP|Withdrawal|7|03/06/2025||Card side|m|0|na|PayCC BankLedger" + card + "-60.00"
+                     + link);
         QCOMPARE(fields(b.record(Visa, 2)),
-                 "2|OP|Payment|5|03/06/2025||Card side|m|0|na|PayCC CCLedger" + card + "60.00" + link);
+                 "2|OP|Payment|5|03/06/2025||Card side|m|0|na|PayCC CCLedger" + card + "60.00"
+                     + link);
 
         const auto before = b.snapshot();
         QVERIFY(!b.pay("60", Amex, 4).ok);
@@ -313,7 +375,9 @@ private Q_SLOTS:
         b.spend(Everyday, 1);
         const int to = payment ? Visa : Savings;
         QVERIFY(payment ? b.pay("120").ok : b.move(Everyday, Savings, "Withdrawal", "120"));
-        QVERIFY(LinkedVoid::voidLinked(b.files, fromOtherSide ? to : +Everyday, fromOtherSide ? 2 : 3).ok);
+        QVERIFY(
+            LinkedVoid::voidLinked(b.files, fromOtherSide ? to : +Everyday, fromOtherSide ? 2 : 3)
+                .ok);
         QCOMPARE(std::pair(b.length(Everyday), b.length(to)), std::pair(3, 2));
         for (const TransRecord &x : {b.record(Everyday, 3), b.record(to, 2)})
             QVERIFY(x.Type.is("Void") && x.Amount.isZero() && !LinkedRecords::isLinked(x));
@@ -340,7 +404,8 @@ private Q_SLOTS:
         QVERIFY(!found.records && !found.problem.isEmpty());
         QCOMPARE(LinkedVoid::voidLinked(b.files, Everyday, 2).error, found.problem);
         const Request again = transfer(Everyday, to, "Withdrawal", "10");
-        QVERIFY(!(payment ? b.pay("10", Visa, 2).ok : TransferService(b.files).change(Everyday, 2, again).ok));
+        QVERIFY(!(payment ? b.pay("10", Visa, 2).ok
+                          : TransferService(b.files).change(Everyday, 2, again).ok));
         QVERIFY(!(payment ? b.pay("10").ok : b.move(Everyday, to, "Withdrawal", "10")));
         QVERIFY(b.snapshot() == before);
     }
@@ -369,7 +434,11 @@ private Q_SLOTS:
             Books b;
             bool killed = false;
             UnitOfWork::setStepHook([k](int done) { done == k ? throw k : void(); });
-            try { run(b); } catch (int) { killed = true; }
+            try {
+                run(b);
+            } catch (int) {
+                killed = true;
+            }
             UnitOfWork::setStepHook({});
             QVERIFY2(killed || k > 4, "two register writes and two account writes at least");
             if (!killed)

@@ -57,7 +57,8 @@ private Q_SLOTS:
         QFETCH(qint64, signedCents);
         QCOMPARE(TransactionTypes::typeNum(type), code);
         // The sign comes from the type, whatever sign was typed.
-        QCOMPARE(TransactionTypes::signedAmount(code, Currency::fromCents(1234)), Currency::fromCents(signedCents));
+        QCOMPARE(TransactionTypes::signedAmount(code, Currency::fromCents(1234)),
+                 Currency::fromCents(signedCents));
         // Except an opening balance, which keeps the sign it was given.
         QCOMPARE(TransactionTypes::signedAmount(code, Currency::fromCents(-1234)),
                  Currency::fromCents(code == 15 ? -1234 : signedCents));
