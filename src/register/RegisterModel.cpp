@@ -1,20 +1,19 @@
 #include "register/RegisterModel.h"
 
-#include "core/EntryChecks.h"
+#include "core/TransactionText.h"
 #include "register/ViewRange.h"
 
-#include <QBrush>
 #include <QColor>
-#include <QFont>
 
 namespace {
 
-QString shortDate(const FixedText<15> &stored)
-{
-    const QString text = stored.text().trimmed();
-    const auto date = EntryChecks::parseDate(text);
-    return date ? EntryChecks::formatShortDate(*date) : text;
-}
+using Field = TransactionText::Field;
+
+// The register's columns after the status mark, as fields of a transaction.
+constexpr Field ColumnField[] = {Field::Status,     Field::Type,       Field::Date,
+                                 Field::Payee,      Field::Category,   Field::Memo,
+                                 Field::Deposit,    Field::Withdrawal, Field::Status /* balance */,
+                                 Field::DateCleared};
 
 } // namespace
 
@@ -38,9 +37,14 @@ int RegisterModel::recordNumberAt(int row) const
     return row >= 0 && row < shownCount() ? row + m_firstShown : 0;
 }
 
+int RegisterModel::rowOfRecord(int n) const
+{
+    return n >= m_firstShown && n <= int(m_records.size()) ? n - m_firstShown : -1;
+}
+
 int RegisterModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : std::max(shownCount(), MinRows);
+    return parent.isValid() ? 0 : shownCount();
 }
 
 int RegisterModel::columnCount(const QModelIndex &parent) const
@@ -51,38 +55,37 @@ int RegisterModel::columnCount(const QModelIndex &parent) const
 QString RegisterModel::cellText(int row, int column) const
 {
     const int n = recordNumberAt(row);
-    if (n == 0)
+    if (n == 0 || column < 0 || column >= ColumnCount)
         return {};
-    const TransRecord &r = m_records[n - 1];
+    if (column == Balance)
+        return TransactionText::money(m_balances[n - 1]);
+    return TransactionText::field(m_records[n - 1], ColumnField[column]);
+}
+
+QVariant RegisterModel::rawValue(int row, int column) const
+{
+    const TransRecord &r = m_records[recordNumberAt(row) - 1];
     switch (column) {
-    case Status: {
-        const QString s = r.Status.text().trimmed();
-        // Cleared and open entries each have their mark; anything else has none.
-        if (s == QStringLiteral("CL"))
-            return QStringLiteral("\u2714");
-        return s == QStringLiteral("OP") ? QStringLiteral("\u25CB") : QString();
-    }
+    case Status:
+        return r.Status.text().trimmed();
     case Type:
         return r.Type.text().trimmed();
     case Date:
-        return shortDate(r.Date);
+        return TransactionText::date(r.Date);
     case Payee:
         return r.Description.text().trimmed();
-    case Category: {
-        const QString cat = r.BudName.text().trimmed();
-        return cat.contains(QStringLiteral("none")) || cat == QStringLiteral("na") ? QString()
-                                                                                   : cat;
-    }
+    case Category:
+        return r.BudName.text().trimmed();
     case Memo:
         return r.Memo.text().trimmed();
     case Deposit:
-        return r.Amount.isNegative() ? QString() : r.Amount.toCurrencyText();
+        return r.Amount.isNegative() ? QVariant() : QVariant(qint64(r.Amount.raw()));
     case Withdrawal:
-        return r.Amount.isNegative() ? (-r.Amount).toCurrencyText() : QString();
+        return r.Amount.isNegative() ? QVariant(qint64(-r.Amount.raw())) : QVariant();
     case Balance:
-        return m_balances[n - 1].toCurrencyText();
+        return qint64(m_balances[recordNumberAt(row) - 1].raw());
     case DateCleared:
-        return shortDate(r.DateClear);
+        return TransactionText::date(r.DateClear);
     default:
         return {};
     }
@@ -90,16 +93,23 @@ QString RegisterModel::cellText(int row, int column) const
 
 QVariant RegisterModel::data(const QModelIndex &index, int role) const
 {
-    if (!index.isValid())
+    const int n = index.isValid() ? recordNumberAt(index.row()) : 0;
+    if (n == 0)
         return {};
     switch (role) {
     case Qt::DisplayRole:
         return cellText(index.row(), index.column());
+    case RecordNumberRole:
+        return n;
+    case RawValueRole:
+        return rawValue(index.row(), index.column());
+    case AmountRole:
+        return qint64(m_records[n - 1].Amount.raw());
+    case DateRole:
+        return TransactionText::date(m_records[n - 1].Date);
     case Qt::ToolTipRole:
-        if (index.column() == Status && recordNumberAt(index.row()) != 0)
-            return m_records[recordNumberAt(index.row()) - 1].Status.is(QStringLiteral("CL"))
-                       ? tr("Cleared")
-                       : tr("Open");
+        if (index.column() == Status)
+            return m_records[n - 1].Status.is(QStringLiteral("CL")) ? tr("Cleared") : tr("Open");
         return {};
     case Qt::TextAlignmentRole:
         if (index.column() >= Deposit && index.column() <= Balance)
@@ -114,11 +124,10 @@ QVariant RegisterModel::data(const QModelIndex &index, int role) const
         return {};
     case Qt::ForegroundRole:
         if (index.column() == Status)
-            return cellText(index.row(), Status) == QStringLiteral("\u2714")
+            return cellText(index.row(), Status) == TransactionText::ClearedMark
                        ? QColor(0x1E, 0x7B, 0x34)
                        : QColor(0x90, 0x98, 0xA0);
-        if (index.column() == Balance && recordNumberAt(index.row()) != 0
-            && m_balances[recordNumberAt(index.row()) - 1].isNegative())
+        if (index.column() == Balance && m_balances[n - 1].isNegative())
             return QColor(0xB0, 0x1E, 0x1E);
         return {};
     default:

@@ -7,9 +7,12 @@
 
 #include <vector>
 
-// flxgdtrans: one row per record from the first shown one, in entry order,
-// with the running balance. Cells are formatted only when they are looked at,
-// so a full register of 32,767 records fills at once.
+// The register's transactions from the first shown one, in entry order, with
+// the running balance: one row per record and no other rows, so sorting,
+// searching and the statement list can be proxies over the same data (the
+// grid's empty rows below the last entry come from a proxy in the panel).
+// Cells are formatted only when they are looked at, so a full register of
+// 32,767 records fills at once.
 class RegisterModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -29,7 +32,19 @@ public:
         DateCleared
     };
     static constexpr int ColumnCount = 10;
-    static constexpr int MinRows = 10; // with the header, at least 11 grid rows
+
+    enum Role {
+        // The record number (from 1) of the row, on every column.
+        RecordNumberRole = Qt::UserRole + 1,
+        // The column's value before formatting: amounts and the balance as
+        // qint64 ten-thousandths (none on the other side of an amount), dates
+        // as QDate (invalid when the record holds none), texts trimmed.
+        RawValueRole,
+        // The signed amount of the row in ten-thousandths, on every column.
+        AmountRole,
+        // The date of the entry as QDate, on every column.
+        DateRole,
+    };
 
     // Takes the account's records; `firstShown` is the first record listed.
     void setRegister(std::vector<TransRecord> records, int firstShown, bool creditCard);
@@ -37,10 +52,12 @@ public:
     const std::vector<TransRecord> &records() const { return m_records; }
     int firstShown() const { return m_firstShown; }
     int shownCount() const;
-    // The record number on a model row (0 for an empty row).
+    // The record number on a model row (0 for a row that is not one).
     int recordNumberAt(int row) const;
     // The model row of the last record (-1 when none is listed).
     int lastRow() const { return shownCount() - 1; }
+    // The model row of record n (-1 when it is not listed).
+    int rowOfRecord(int n) const;
 
     // The rows as tab-separated text, header first, lines ended by CR LF.
     QString tabSeparated(const QList<int> &rows) const;
@@ -55,6 +72,7 @@ public:
 
 private:
     QString cellText(int row, int column) const;
+    QVariant rawValue(int row, int column) const;
 
     std::vector<TransRecord> m_records;
     std::vector<Currency> m_balances;

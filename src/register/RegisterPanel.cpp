@@ -20,6 +20,7 @@
 #include "register/ViewRange.h"
 #include "ui/DateBox.h"
 #include "ui/ErrorLabel.h"
+#include "ui/PaddedRowsProxy.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -36,6 +37,9 @@
 namespace {
 
 const QString Check = QStringLiteral("\u2714");
+
+// With the header, the grid has at least 11 rows; empty ones fill it up.
+constexpr int GridRows = 10;
 
 // An amount as the entry row shows it: cents, or all four decimals when it has them.
 QString amountText(Currency c)
@@ -63,7 +67,9 @@ RegisterPanel::RegisterPanel(Interaction &interaction, QWidget *parent)
     connect(m_noticeTimer, &QTimer::timeout, m_entry->notice, &QLabel::clear);
 
     m_grid->setObjectName(QStringLiteral("flxgdtrans"));
-    m_grid->setModel(m_model);
+    auto *padded = new PaddedRowsProxy(GridRows, this);
+    padded->setSourceModel(m_model);
+    m_grid->setModel(padded);
     m_grid->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_grid->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -222,7 +228,7 @@ void RegisterPanel::FillRegisterGrid()
     m_model->setRegister(std::move(loaded.records), first, isCard(m_account));
     const int last = m_model->lastRow();
     if (last >= 0) {
-        const QModelIndex index = m_model->index(last, RegisterModel::Type);
+        const QModelIndex index = m_grid->model()->index(last, RegisterModel::Type);
         m_grid->selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
         m_grid->scrollTo(index, QAbstractItemView::PositionAtTop);
     }
@@ -567,7 +573,7 @@ void RegisterPanel::onRowClicked(const QModelIndex &index)
         m_interaction.beep();
         return;
     }
-    const int n = m_model->recordNumberAt(index.row());
+    const int n = index.data(RegisterModel::RecordNumberRole).toInt();
     if (n == 0) {
         onClear();
         return;
@@ -739,8 +745,8 @@ void RegisterPanel::onCopy()
 {
     QList<int> rows;
     for (const QModelIndex &index : m_grid->selectionModel()->selectedRows())
-        if (m_model->recordNumberAt(index.row()) != 0)
-            rows << index.row();
+        if (const int n = index.data(RegisterModel::RecordNumberRole).toInt())
+            rows << m_model->rowOfRecord(n);
     if (rows.isEmpty()) {
         m_interaction.beep();
         return;

@@ -1,0 +1,180 @@
+#include "core/TransactionText.h"
+#include "register/RegisterModel.h"
+#include "ui/PaddedRowsProxy.h"
+
+#include <QAbstractItemModelTester>
+#include <QSortFilterProxyModel>
+#include <QStandardItemModel>
+#include <QtTest>
+
+namespace {
+
+TransRecord record(const char *status, const char *type, const char *date, qint64 cents,
+                   const char *category = "na", const char *cleared = "")
+{
+    TransRecord r;
+    r.Status = QString::fromLatin1(status);
+    r.Type = QString::fromLatin1(type);
+    r.Date = QString::fromLatin1(date);
+    r.DateClear = QString::fromLatin1(cleared);
+    r.Description = QStringLiteral("Corner Grocer ");
+    r.Memo = QStringLiteral(" weekly");
+    r.BudName = QString::fromLatin1(category);
+    r.Amount = Currency::fromCents(cents);
+    return r;
+}
+
+// Starting balance 100.00, a withdrawal of 30.25, a deposit of 5.00.
+std::vector<TransRecord> threeRecords()
+{
+    return {record("CL", "Starting Balance", "01/01/2025", 10000, "na", "01/31/2025"),
+            record("OP", "Withdrawal", "2/3/2025", -3025, "Groceries"),
+            record("XX", "1001", "not a date", 500, "none")};
+}
+
+QList<QVariant> column(const QAbstractItemModel &model, int col, int role)
+{
+    QList<QVariant> values;
+    for (int row = 0; row < model.rowCount(); ++row)
+        values << model.index(row, col).data(role);
+    return values;
+}
+
+} // namespace
+
+class TestRegisterModel : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    // Every field as the register and its clipboard copy show it.
+    void transactionText()
+    {
+        using TransactionText::Field;
+        const std::vector<TransRecord> r = threeRecords();
+        QCOMPARE(TransactionText::field(r[0], Field::Status), QStringLiteral("\u2714"));
+        QCOMPARE(TransactionText::field(r[1], Field::Status), QStringLiteral("\u25CB"));
+        QCOMPARE(TransactionText::field(r[2], Field::Status), QString());
+        QCOMPARE(TransactionText::field(r[1], Field::Date), QStringLiteral("02/03/25"));
+        QCOMPARE(TransactionText::field(r[2], Field::Date), QStringLiteral("not a date"));
+        QCOMPARE(TransactionText::field(r[0], Field::DateCleared), QStringLiteral("01/31/25"));
+        QCOMPARE(TransactionText::field(r[1], Field::DateCleared), QString());
+        QCOMPARE(TransactionText::field(r[1], Field::Payee), QStringLiteral("Corner Grocer"));
+        QCOMPARE(TransactionText::field(r[1], Field::Memo), QStringLiteral("weekly"));
+        QCOMPARE(TransactionText::field(r[0], Field::Category), QString());
+        QCOMPARE(TransactionText::field(r[1], Field::Category), QStringLiteral("Groceries"));
+        QCOMPARE(TransactionText::field(r[2], Field::Category), QString());
+        QCOMPARE(TransactionText::field(r[1], Field::Deposit), QString());
+        QCOMPARE(TransactionText::field(r[1], Field::Withdrawal), QStringLiteral("$30.25"));
+        QCOMPARE(TransactionText::field(r[2], Field::Deposit), QStringLiteral("$5.00"));
+        QCOMPARE(TransactionText::field(r[2], Field::Withdrawal), QString());
+        QCOMPARE(TransactionText::money(Currency::fromCents(-123456)),
+                 QStringLiteral("($1,234.56)"));
+        QCOMPARE(TransactionText::date(r[1].Date), QDate(2025, 2, 3));
+        QVERIFY(!TransactionText::date(r[2].Date).isValid());
+    }
+
+    // One row per listed record, nothing else; the raw roles carry the values
+    // a sorting or searching proxy needs.
+    void rolesAndRows()
+    {
+        RegisterModel model;
+        QAbstractItemModelTester tester(&model);
+        model.setRegister(threeRecords(), 2, false);
+        QCOMPARE(model.rowCount(), 2);
+        QCOMPARE(column(model, RegisterModel::Type, RegisterModel::RecordNumberRole),
+                 (QList<QVariant>{2, 3}));
+        QCOMPARE(model.rowOfRecord(3), 1);
+        QCOMPARE(model.rowOfRecord(1), -1);
+        QCOMPARE(column(model, RegisterModel::Memo, RegisterModel::AmountRole),
+                 (QList<QVariant>{qint64(-302500), qint64(50000)}));
+        QCOMPARE(column(model, RegisterModel::Withdrawal, RegisterModel::RawValueRole),
+                 (QList<QVariant>{qint64(302500), QVariant()}));
+        QCOMPARE(column(model, RegisterModel::Deposit, RegisterModel::RawValueRole),
+                 (QList<QVariant>{QVariant(), qint64(50000)}));
+        // The running balance starts from the records before the first listed.
+        QCOMPARE(column(model, RegisterModel::Balance, RegisterModel::RawValueRole),
+                 (QList<QVariant>{qint64(697500), qint64(747500)}));
+        QCOMPARE(column(model, RegisterModel::Balance, Qt::DisplayRole),
+                 (QList<QVariant>{QStringLiteral("$69.75"), QStringLiteral("$74.75")}));
+        QCOMPARE(column(model, RegisterModel::Date, RegisterModel::RawValueRole),
+                 (QList<QVariant>{QDate(2025, 2, 3), QDate()}));
+        QCOMPARE(model.index(0, RegisterModel::Payee).data(RegisterModel::DateRole),
+                 QVariant(QDate(2025, 2, 3)));
+        QCOMPARE(model.index(1, RegisterModel::Category).data(RegisterModel::RawValueRole),
+                 QVariant(QStringLiteral("none")));
+
+        // The clipboard copy uses the same texts, header first.
+        QCOMPARE(model.tabSeparated({0}),
+                 QStringLiteral("Type\tDate\tPayee\tCategory\tMemo\tDeposit\tWithdrawal\tBalance\t"
+                                "Date Cleared\r\nWithdrawal\t02/03/25\tCorner Grocer\tGroceries\t"
+                                "weekly\t\t$30.25\t$69.75\t\r\n"));
+
+        model.setRegister({}, 1, true);
+        QCOMPARE(model.rowCount(), 0);
+        QCOMPARE(model.headerData(RegisterModel::Withdrawal, Qt::Horizontal, Qt::DisplayRole),
+                 QVariant(QStringLiteral("Charge")));
+    }
+
+    // Sorting by amount is a proxy over the raw values, not over the texts
+    // ("$5.00" would come after "$30.25" as text).
+    void sortsByRawValue()
+    {
+        RegisterModel model;
+        model.setRegister(threeRecords(), 1, false);
+        QSortFilterProxyModel sorted;
+        sorted.setSourceModel(&model);
+        sorted.setSortRole(RegisterModel::AmountRole);
+        sorted.sort(RegisterModel::Memo);
+        QCOMPARE(column(sorted, RegisterModel::Memo, RegisterModel::RecordNumberRole),
+                 (QList<QVariant>{2, 3, 1}));
+        sorted.setSortRole(RegisterModel::RawValueRole);
+        sorted.sort(RegisterModel::Date, Qt::DescendingOrder);
+        QCOMPARE(column(sorted, RegisterModel::Date, RegisterModel::RecordNumberRole).first(),
+                 QVariant(2));
+    }
+
+    // The empty rows below a short table come and go as its rows do, with the
+    // signals a view needs (the tester checks each one).
+    void paddingFollowsTheSource()
+    {
+        QStandardItemModel source(2, 3);
+        source.setHorizontalHeaderLabels(
+            {QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")});
+        source.setItem(1, 2, new QStandardItem(QStringLiteral("x")));
+        PaddedRowsProxy padded(4);
+        QAbstractItemModelTester tester(&padded);
+        padded.setSourceModel(&source);
+        QCOMPARE(padded.rowCount(), 4);
+        QCOMPARE(padded.index(1, 2).data(), QVariant(QStringLiteral("x")));
+        QVERIFY(padded.isPadding(2));
+        QVERIFY(!padded.index(3, 0).data().isValid());
+        QCOMPARE(padded.flags(padded.index(3, 0)), Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+        QCOMPARE(padded.headerData(2, Qt::Horizontal), QVariant(QStringLiteral("C")));
+
+        source.insertRows(1, 3);
+        QCOMPARE(padded.rowCount(), 5);
+        QCOMPARE(padded.index(4, 2).data(), QVariant(QStringLiteral("x")));
+        QVERIFY(!padded.isPadding(4));
+        source.removeRows(0, 4);
+        QCOMPARE(padded.rowCount(), 4);
+        QCOMPARE(padded.index(0, 2).data(), QVariant(QStringLiteral("x")));
+
+        QSignalSpy changed(&padded, &QAbstractItemModel::dataChanged);
+        source.setItem(0, 1, new QStandardItem(QStringLiteral("y")));
+        QCOMPARE(changed.size(), 1);
+        QCOMPARE(changed.first().first().toModelIndex(), padded.index(0, 1));
+
+        // A register that fills the grid has no empty rows at all.
+        RegisterModel model;
+        PaddedRowsProxy grid(2);
+        grid.setSourceModel(&model);
+        QCOMPARE(grid.rowCount(), 2);
+        model.setRegister(threeRecords(), 1, false);
+        QCOMPARE(grid.rowCount(), 3);
+        QCOMPARE(grid.index(2, 0).data(RegisterModel::RecordNumberRole), QVariant(3));
+    }
+};
+
+QTEST_MAIN(TestRegisterModel)
+#include "tst_registermodel.moc"
