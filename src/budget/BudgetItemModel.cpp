@@ -1,5 +1,7 @@
 #include "budget/BudgetItemModel.h"
 
+#include "budget/BudgetBook.h"
+
 void BudgetItemModel::setRows(const BudgetCategories::ItemRows &rows)
 {
     beginResetModel();
@@ -22,6 +24,26 @@ void BudgetItemModel::setCell(int row, int column, const QString &text)
     Q_EMIT dataChanged(index(row, column), index(row, column));
 }
 
+bool BudgetItemModel::accepts(const QString &text)
+{
+    return !exceedsMaxAmount(BudgetBook::amountValue(text));
+}
+
+Qt::ItemFlags BudgetItemModel::flags(const QModelIndex &index) const
+{
+    const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
+    return index.isValid() && index.column() != Fixed ? flags | Qt::ItemIsEditable : flags;
+}
+
+bool BudgetItemModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    if (!index.isValid() || role != Qt::EditRole || index.column() == Fixed
+        || !accepts(value.toString()))
+        return false;
+    setCell(index.row(), index.column(), value.toString());
+    return true;
+}
+
 void BudgetItemModel::clear()
 {
     setRows({});
@@ -41,7 +63,7 @@ QVariant BudgetItemModel::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid())
         return {};
-    if (role == Qt::DisplayRole)
+    if (role == Qt::DisplayRole || role == Qt::EditRole)
         return index.column() == Fixed ? QString::number(index.row() + 1)
                                        : cell(index.row(), index.column());
     if (role == Qt::TextAlignmentRole)

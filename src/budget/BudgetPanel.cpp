@@ -2,9 +2,9 @@
 
 #include "budget/BudgetBook.h"
 #include "budget/BudgetCategories.h"
+#include "budget/BudgetItemDelegate.h"
 #include "budget/BudgetItemModel.h"
 #include "budget/BudgetListModel.h"
-#include "core/EntryChecks.h"
 #include "core/Interaction.h"
 
 #include <QAction>
@@ -123,13 +123,10 @@ QWidget *BudgetPanel::buildEditor()
     m_itemGrid->horizontalHeader()->resizeSection(BudgetItemModel::Amount, 80);
     m_itemGrid->horizontalHeader()->setSectionResizeMode(BudgetItemModel::Name,
                                                          QHeaderView::Stretch);
+    // A click on a name or amount opens the cell's editor.
+    m_itemEditor = new BudgetItemDelegate(m_interaction, m_itemGrid);
+    m_itemGrid->setItemDelegate(m_itemEditor);
     connect(m_itemGrid, &QTableView::clicked, this, &BudgetPanel::onItemCellClicked);
-    // The in-cell editor lies over the cell being typed into.
-    m_editor = new QLineEdit(m_itemGrid->viewport());
-    m_editor->setObjectName(QStringLiteral("txtEditor"));
-    m_editor->hide();
-    connect(m_editor, &QLineEdit::textChanged, this, &BudgetPanel::onEditorChanged);
-    connect(m_editor, &QLineEdit::returnPressed, m_editor, &QWidget::hide);
 
     m_message = new QLabel(box);
     m_message->setObjectName(QStringLiteral("lblBudError"));
@@ -229,7 +226,6 @@ void BudgetPanel::onCategoryChosen(int index)
     BudgetCategories::ItemRows rows;
     for (int k = 0; k < BudgetRecord::MaxItems; ++k)
         rows[k] = {r.ItemNames[k].text().trimmed(), r.ItemAmounts[k].text().trimmed()};
-    m_editor->hide();
     m_items->setRows(rows);
     m_itemize->setText(QStringLiteral("Itemize for ") + r.BudName.text().trimmed());
     m_message->clear();
@@ -241,7 +237,7 @@ void BudgetPanel::onSave()
         m_interaction.beep();
         return;
     }
-    m_editor->hide();
+    m_itemEditor->closeOpenEditor();
     const BudgetCategories::Result result = BudgetCategories(m_files).save(
         m_category->currentText(), m_amount->text(), m_items->rows());
     if (!result.ok) {
@@ -296,7 +292,7 @@ void BudgetPanel::onRemove()
 void BudgetPanel::onClearList()
 {
     m_loaded = 0;
-    m_editor->hide();
+    m_itemEditor->closeOpenEditor();
     m_items->clear();
     m_itemize->setText(QStringLiteral("Itemize for "));
 }
@@ -316,31 +312,16 @@ void BudgetPanel::onGridClicked(const QModelIndex &index)
 
 void BudgetPanel::onItemCellClicked(const QModelIndex &index)
 {
-    if (index.column() == BudgetItemModel::Fixed)
+    if (!(m_items->flags(index) & Qt::ItemIsEditable))
         return;
-    m_editRow = index.row();
-    m_editColumn = index.column();
-    m_editor->setGeometry(m_itemGrid->visualRect(index));
-    {
-        const QSignalBlocker quiet(m_editor);
-        m_editor->setText(m_items->cell(m_editRow, m_editColumn));
-    }
-    m_editor->show();
-    m_editor->setFocus();
-    m_editor->selectAll();
-}
-
-void BudgetPanel::onEditorChanged(const QString &text)
-{
-    // Text that is not a number counts as 0 and is always taken (names).
-    const Currency value = BudgetBook::amountValue(text);
-    if (exceedsMaxAmount(value)) {
-        m_interaction.message(EntryChecks::MaxAmountText, EntryChecks::MaxAmountTitle);
-        const QSignalBlocker quiet(m_editor);
-        m_editor->clear();
+    // A click on the cell being edited starts it again from what the cell holds.
+    if (QLineEdit *open = m_itemEditor->openEditor();
+        open && m_itemGrid->indexWidget(index) == open) {
+        m_itemEditor->setEditorData(open, index);
+        open->setFocus();
         return;
     }
-    m_items->setCell(m_editRow, m_editColumn, text);
+    m_itemGrid->edit(index);
 }
 
 void BudgetPanel::onCopy()

@@ -4,6 +4,7 @@
 
 #include <QWidget>
 
+class BudgetItemDelegate;
 class BudgetItemModel;
 class BudgetListModel;
 class Interaction;
@@ -46,7 +47,6 @@ private:
     void onClearList();
     void onGridClicked(const QModelIndex &index);
     void onItemCellClicked(const QModelIndex &index);
-    void onEditorChanged(const QString &text);
     void onCopy();
     void showMessage(const QString &text);
 
@@ -54,14 +54,12 @@ private:
     DataFiles m_files;
     bool m_editLock = false;
     int m_loaded = 0; // the category picked for the editor
-    int m_editRow = -1;
-    int m_editColumn = -1;
 
     BudgetListModel *m_model;
     QTableView *m_grid;
     BudgetItemModel *m_items;
     QTableView *m_itemGrid = nullptr;
-    QLineEdit *m_editor = nullptr;
+    BudgetItemDelegate *m_itemEditor = nullptr;
     QComboBox *m_category = nullptr;
     QLineEdit *m_amount = nullptr;
     QLabel *m_itemize = nullptr;
