@@ -6,6 +6,7 @@
 #include "records/BudgetRecord.h"
 #include "records/DataFiles.h"
 #include "records/TransRecord.h"
+#include "records/TransactionClasses.h"
 #include "records/TransactionTemplate.h"
 #include "records/TransactionTypes.h"
 
@@ -205,14 +206,14 @@ Register makeRegister(int records, std::uint32_t variant, const QString &account
     TransRecord opening = TransactionTemplate::blank();
     opening.Tranno = 1;
     opening.Type = TransactionTemplate::StartingBalance;
-    opening.TypeNum = TransactionTemplate::StartingBalanceTypeNum;
+    opening.TypeNum = TransactionTypes::TypeNum::StartingBalance;
     opening.Date = days[0];
     opening.DateClear = days[0];
     opening.Status = TransactionTemplate::Cleared;
     opening.Description = TransactionTemplate::NewAccountPayee;
     opening.Memo = QStringLiteral("Ending balance of last statement");
     opening.BudName = TransactionTemplate::NoCategory;
-    opening.TransClass = card ? TransactionTemplate::CCTrans : TransactionTemplate::NormTrans;
+    opening.TransClass = card ? TransactionClasses::CCTrans : TransactionClasses::NormTrans;
     opening.CCBankName = card ? ownName : FixedText<30>(TransactionTemplate::NoCategory);
     opening.CCBankNum = static_cast<std::int16_t>(card ? bankNum : 0);
     opening.CCBudNum = static_cast<std::int16_t>(budNum);
@@ -223,7 +224,7 @@ Register makeRegister(int records, std::uint32_t variant, const QString &account
 
     TransRecord t = TransactionTemplate::blank();
     t.BudName = TransactionTemplate::NoCategory;
-    t.TransClass = card ? TransactionTemplate::CCTrans : TransactionTemplate::NormTrans;
+    t.TransClass = card ? TransactionClasses::CCTrans : TransactionClasses::NormTrans;
     t.CCBankName = TransactionTemplate::NoCategory;
     int day = 0;
     int checkNo = 1001;

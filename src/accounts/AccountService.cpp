@@ -8,7 +8,9 @@
 #include "records/BudgetRecord.h"
 #include "records/PayeeRecord.h"
 #include "records/RecordFile.h"
+#include "records/TransactionClasses.h"
 #include "records/TransactionTemplate.h"
+#include "records/TransactionTypes.h"
 #include "records/UnitOfWork.h"
 
 #include <QDir>
@@ -129,7 +131,7 @@ AccountService::Result AccountService::add(const NewAccount &account)
     TransRecord opening = TransactionTemplate::blank();
     opening.Tranno = 1;
     opening.Type = TransactionTemplate::StartingBalance;
-    opening.TypeNum = TransactionTemplate::StartingBalanceTypeNum;
+    opening.TypeNum = TransactionTypes::TypeNum::StartingBalance;
     opening.Date = EntryChecks::formatLongDate(account.date);
     opening.Description = TransactionTemplate::NewAccountPayee;
     opening.Memo = account.lastStatement ? QStringLiteral("Ending balance of last statement")
@@ -139,7 +141,7 @@ AccountService::Result AccountService::add(const NewAccount &account)
         opening.DateClear = EntryChecks::formatLongDate(account.date);
     }
     opening.BudName = TransactionTemplate::NoCategory;
-    opening.TransClass = card ? TransactionTemplate::CCTrans : TransactionTemplate::NormTrans;
+    opening.TransClass = card ? TransactionClasses::CCTrans : TransactionClasses::NormTrans;
     opening.CCBankName = card ? name : TransactionTemplate::NoCategory;
     opening.CCBankNum = card ? acct.BankNum : 0;
     opening.CCBudNum = static_cast<std::int16_t>(budNum);

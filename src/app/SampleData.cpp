@@ -8,6 +8,7 @@
 #include "core/EntryChecks.h"
 #include "records/BudgetRecord.h"
 #include "records/RecordFile.h"
+#include "records/TransactionClasses.h"
 #include "records/TransactionTemplate.h"
 #include "records/TransactionTypes.h"
 #include "register/CardPayments.h"
@@ -71,7 +72,7 @@ public:
             t.BudName = QString::fromLatin1(e.category);
             t.BudNum = static_cast<std::int16_t>(m_categories.value(t.BudName.text()));
         }
-        t.TransClass = card ? TransactionTemplate::CCTrans : TransactionTemplate::NormTrans;
+        t.TransClass = card ? TransactionClasses::CCTrans : TransactionClasses::NormTrans;
         t.CCBankName = TransactionTemplate::NoCategory;
         if (card) {
             // A card's own transactions name the card and its budget category.

@@ -1,6 +1,7 @@
 #include "budget/BudgetBook.h"
 
 #include "accounts/AccountBook.h"
+#include "records/AccountKinds.h"
 #include "records/RecordFile.h"
 
 #include <utility>
@@ -33,7 +34,7 @@ BudgetBook::Totals BudgetBook::totals() const
     }
     for (const BankAcctRecord &a :
          AccountBook(m_files).readAll().value_or(std::vector<BankAcctRecord>{}))
-        if (!a.isDeleted() && !a.Type.is(QStringLiteral("CC")))
+        if (!a.isDeleted() && !AccountKinds::isCard(a.Type.text()))
             t.bankAccounts += a.Balance;
     return t;
 }

@@ -1,6 +1,7 @@
 #include "budget/BudgetPosting.h"
 
 #include "records/BudgetRecord.h"
+#include "records/TransactionClasses.h"
 #include "records/UnitOfWork.h"
 
 namespace {
@@ -26,10 +27,10 @@ void adjust(UnitOfWork &unit, const DataFiles &files, int budNum, Currency by, F
 // Whether a record's own category (BudNum) takes its amount.
 bool chargesCategory(const TransRecord &r)
 {
-    if (r.TransClass.is(QStringLiteral("Norm Trans")))
+    if (r.TransClass.is(TransactionClasses::NormTrans))
         return true;
     // A card's record marked 1 in its leading field is its opening entry.
-    return r.TransClass.is(QStringLiteral("CC Trans")) && r.Tranno != 1;
+    return r.TransClass.is(TransactionClasses::CCTrans) && r.Tranno != 1;
 }
 
 } // namespace
@@ -42,17 +43,17 @@ void post(UnitOfWork &unit, const DataFiles &files, const TransRecord *before,
     if (before) {
         if (chargesCategory(*before) && before->BudNum != 0)
             adjust(unit, files, before->BudNum, -before->Amount, Floor::None);
-        if (before->TransClass.is(QStringLiteral("CC Trans")) && before->CCBudNum != 0)
+        if (before->TransClass.is(TransactionClasses::CCTrans) && before->CCBudNum != 0)
             adjust(unit, files, before->CCBudNum, before->Amount, Floor::None);
-        if (before->TransClass.is(QStringLiteral("PayCC BankLedger")) && before->CCBudNum != 0)
+        if (before->TransClass.is(TransactionClasses::PayBank) && before->CCBudNum != 0)
             adjust(unit, files, before->CCBudNum, -before->Amount, Floor::None);
     }
     if (after) {
         if (chargesCategory(*after) && after->BudNum != 0)
             adjust(unit, files, after->BudNum, after->Amount, Floor::AtZero);
-        if (after->TransClass.is(QStringLiteral("CC Trans")) && after->CCBudNum != 0)
+        if (after->TransClass.is(TransactionClasses::CCTrans) && after->CCBudNum != 0)
             adjust(unit, files, after->CCBudNum, -after->Amount, Floor::AtZero);
-        if (after->TransClass.is(QStringLiteral("PayCC BankLedger")) && after->CCBudNum != 0)
+        if (after->TransClass.is(TransactionClasses::PayBank) && after->CCBudNum != 0)
             adjust(unit, files, after->CCBudNum, after->Amount, Floor::AtZero);
     }
 }

@@ -8,11 +8,8 @@ namespace TransactionTemplate {
 inline const QString Open = QStringLiteral("OP");
 inline const QString Cleared = QStringLiteral("CL");
 inline const QString NoCategory = QStringLiteral("na");
-inline const QString NormTrans = QStringLiteral("Norm Trans");
-inline const QString CCTrans = QStringLiteral("CC Trans");
 inline const QString StartingBalance = QStringLiteral("Starting Balance");
 inline const QString NewAccountPayee = QStringLiteral("New Account");
-inline constexpr int StartingBalanceTypeNum = 15;
 
 // The blank record every new entry starts from: amount 0, "OP", "Void",
 // every other text empty and every number 0.

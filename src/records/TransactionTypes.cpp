@@ -8,37 +8,37 @@ namespace TransactionTypes {
 int typeNum(const QString &typeText)
 {
     static const std::array<std::pair<QString, int>, 14> table = {{
-        {QStringLiteral("Deposit"), 1},
-        {QStringLiteral("ATM Deposit"), 2},
-        {QStringLiteral("Direct Deposit"), 3},
-        {QStringLiteral("Interest Received"), 4},
-        {QStringLiteral("Credit"), 5},
-        {QStringLiteral("Withdrawal"), 7},
-        {QStringLiteral("Debit Card"), 8},
-        {QStringLiteral("ATM Withdrawal"), 9},
-        {QStringLiteral("Auto Payment"), 10},
-        {QStringLiteral("Auto Charge"), 10},
-        {QStringLiteral("Bank Fee"), 11},
-        {QStringLiteral("Interest Charge"), 13},
-        {QStringLiteral("Charge"), 14},
-        {QStringLiteral("Starting Balance"), 15},
+        {QStringLiteral("Deposit"), TypeNum::Deposit},
+        {QStringLiteral("ATM Deposit"), TypeNum::AtmDeposit},
+        {QStringLiteral("Direct Deposit"), TypeNum::DirectDeposit},
+        {QStringLiteral("Interest Received"), TypeNum::InterestReceived},
+        {QStringLiteral("Credit"), TypeNum::Credit},
+        {QStringLiteral("Withdrawal"), TypeNum::Withdrawal},
+        {QStringLiteral("Debit Card"), TypeNum::DebitCard},
+        {QStringLiteral("ATM Withdrawal"), TypeNum::AtmWithdrawal},
+        {QStringLiteral("Auto Payment"), TypeNum::AutoPayment},
+        {QStringLiteral("Auto Charge"), TypeNum::AutoPayment},
+        {QStringLiteral("Bank Fee"), TypeNum::BankFee},
+        {QStringLiteral("Interest Charge"), TypeNum::InterestCharge},
+        {QStringLiteral("Charge"), TypeNum::Charge},
+        {QStringLiteral("Starting Balance"), TypeNum::StartingBalance},
     }};
     const QString t = typeText.trimmed();
     if (t.startsWith(QStringLiteral("Check")))
-        return 6;
+        return TypeNum::Check;
     for (const auto &[name, num] : table)
         if (name == t)
             return num;
-    return 0;
+    return TypeNum::None;
 }
 
 Sign sign(int num)
 {
-    if (num >= 1 && num <= 5)
+    if (num >= TypeNum::Deposit && num <= TypeNum::Credit)
         return Sign::Deposit;
-    if (num >= 6 && num <= 14)
+    if (num >= TypeNum::Check && num <= TypeNum::Charge)
         return Sign::Withdrawal;
-    if (num == 15)
+    if (num == TypeNum::StartingBalance)
         return Sign::AsTyped;
     return Sign::None;
 }

@@ -4,11 +4,15 @@
 #include "budget/BudgetBook.h"
 #include "budget/BudgetPosting.h"
 #include "core/EntryChecks.h"
+#include "records/AccountKinds.h"
 #include "records/RecordFile.h"
+#include "records/TransactionClasses.h"
 #include "records/TransactionTemplate.h"
+#include "records/TransactionTypes.h"
 #include "records/UnitOfWork.h"
-#include "register/CheckNumbers.h"
+#include "register/AccountPosting.h"
 #include "register/LinkedRecords.h"
+#include "register/RegisterRefusals.h"
 
 #include <QFileInfo>
 
@@ -22,8 +26,8 @@ TransRecord cardSide(const TransRecord &bank, int cardRecord, const QString &mem
     TransRecord c = TransactionTemplate::blank();
     c.Tranno = static_cast<std::int16_t>(cardRecord);
     c.Type = QStringLiteral("Payment");
-    c.TypeNum = 5;
-    c.TransClass = LinkedRecords::PayCard;
+    c.TypeNum = TransactionTypes::TypeNum::Credit;
+    c.TransClass = TransactionClasses::PayCard;
     c.Amount = -bank.Amount;
     c.Date = bank.Date;
     c.Description = bank.Description;
@@ -44,16 +48,6 @@ TransRecord cardSide(const TransRecord &bank, int cardRecord, const QString &mem
     return c;
 }
 
-void keepCheckNumber(BankAcctRecord &bank, const TransRecord &record, const TransRecord *before)
-{
-    const bool checks = bank.Type.is(QStringLiteral("CH")) || bank.Type.is(QStringLiteral("MM"));
-    if (!checks || record.TypeNum != 6)
-        return;
-    const auto number = CheckNumbers::numericValue(record.Type.text());
-    if (number && (!before || number != CheckNumbers::numericValue(before->Type.text())))
-        bank.NextCheckNum = static_cast<std::int32_t>(*number);
-}
-
 } // namespace
 
 CardPayments::CardPayments(DataFiles files) : m_files(std::move(files)) {}
@@ -72,24 +66,24 @@ CardPayments::Result CardPayments::add(int bankNum, TransRecord bankSide, int ca
     BankAcctRecord bank = book.read(bankNum);
     BankAcctRecord card = book.read(cardBankNum);
     if (bankNum < 1 || bank.isDeleted() || cardBankNum < 1 || cardBankNum > book.count()
-        || card.isDeleted() || !card.Type.is(QStringLiteral("CC")))
+        || card.isDeleted() || !AccountKinds::isCard(card.Type.text()))
         return refuse(QStringLiteral("That credit card is no longer in the account list"));
     const QString bankPath = m_files.registerFile(bank.BankName.text());
     const QString cardPath = m_files.registerFile(card.BankName.text());
-    for (const QString &path : {bankPath, cardPath})
-        if (!QFileInfo::exists(path))
-            return refuse(
-                QStringLiteral("The register \"%1\" is missing").arg(QFileInfo(path).fileName()));
+    for (const BankAcctRecord *a : {&bank, &card})
+        if (!QFileInfo::exists(m_files.registerFile(a->BankName.text())))
+            return refuse(RegisterRefusals::missing(a->BankName.text()));
 
     UnitOfWork unit(m_files.dataDir());
     const int bankRecord = unit.count(bankPath, TransRecord::Size) + 1;
     const int cardRecord = unit.count(cardPath, TransRecord::Size) + 1;
     if (bankRecord > RawRecordFile::MaxRecords || cardRecord > RawRecordFile::MaxRecords)
-        return refuse(QStringLiteral("A register is full: it holds at most 32,767 transactions."),
-                      QStringLiteral("Register Full"));
+        return refuse(RegisterRefusals::full(
+                          (bankRecord > RawRecordFile::MaxRecords ? bank : card).BankName.text()),
+                      RegisterRefusals::FullTitle);
     const QString memo = bankSide.Memo.text();
     bankSide.Tranno = static_cast<std::int16_t>(bankRecord);
-    bankSide.TransClass = LinkedRecords::PayBank;
+    bankSide.TransClass = TransactionClasses::PayBank;
     bankSide.PaidFromBankName = bank.BankName.text();
     bankSide.PaidFromBankNum = bank.BankNum;
     bankSide.PaidFromBankTransRecNum = static_cast<std::int16_t>(bankRecord);
@@ -99,14 +93,12 @@ CardPayments::Result CardPayments::add(int bankNum, TransRecord bankSide, int ca
     bankSide.PaidToBankNum = card.BankNum;
     bankSide.CCBankNum = card.BankNum;
     bankSide.PaidToBankTransRecNum = static_cast<std::int16_t>(cardRecord);
+    const TransRecord cardEntry = cardSide(bankSide, cardRecord, memo);
     unit.write(bankPath, bankRecord, bankSide);
-    unit.write(cardPath, cardRecord, cardSide(bankSide, cardRecord, memo));
+    unit.write(cardPath, cardRecord, cardEntry);
 
-    bank.Balance += bankSide.Amount;
-    card.Balance -= bankSide.Amount;
-    keepCheckNumber(bank, bankSide, nullptr);
-    unit.write(m_files.accountList(), bank.BankNum, bank);
-    unit.write(m_files.accountList(), card.BankNum, card);
+    AccountPosting::post(unit, m_files, bank, nullptr, bankSide);
+    AccountPosting::post(unit, m_files, card, nullptr, cardEntry);
     BudgetPosting::post(unit, m_files, nullptr, &bankSide);
     if (!unit.commit())
         return refuse(unit.error());
@@ -134,7 +126,7 @@ CardPayments::Result CardPayments::change(int bankNum, int bankRecord, TransReco
     BankAcctRecord card = old.toAccount;
     const QString memo = bankSide.Memo.text();
     bankSide.Tranno = static_cast<std::int16_t>(old.fromRecord);
-    bankSide.TransClass = LinkedRecords::PayBank;
+    bankSide.TransClass = TransactionClasses::PayBank;
     bankSide.PaidFromBankName = old.from.PaidFromBankName;
     bankSide.PaidFromBankNum = old.from.PaidFromBankNum;
     bankSide.PaidFromBankTransRecNum = static_cast<std::int16_t>(old.fromRecord);
@@ -146,14 +138,12 @@ CardPayments::Result CardPayments::change(int bankNum, int bankRecord, TransReco
     bankSide.CCBudNum = old.from.CCBudNum;
 
     UnitOfWork unit(m_files.dataDir());
+    const TransRecord cardEntry = cardSide(bankSide, old.toRecord, memo);
     unit.write(old.fromPath, old.fromRecord, bankSide);
-    unit.write(old.toPath, old.toRecord, cardSide(bankSide, old.toRecord, memo));
+    unit.write(old.toPath, old.toRecord, cardEntry);
     // The old amounts are given back (no floor), then the new ones applied.
-    bank.Balance += bankSide.Amount - old.from.Amount;
-    card.Balance -= bankSide.Amount - old.from.Amount;
-    keepCheckNumber(bank, bankSide, &old.from);
-    unit.write(m_files.accountList(), bank.BankNum, bank);
-    unit.write(m_files.accountList(), card.BankNum, card);
+    AccountPosting::post(unit, m_files, bank, &old.from, bankSide);
+    AccountPosting::post(unit, m_files, card, &old.to, cardEntry);
     BudgetPosting::post(unit, m_files, &old.from, &bankSide);
     if (!unit.commit())
         return refuse(unit.error());

@@ -1,6 +1,8 @@
 #include "register/EntryRules.h"
 
 #include "core/EntryChecks.h"
+#include "records/AccountKinds.h"
+#include "records/TransactionClasses.h"
 #include "records/TransactionTemplate.h"
 #include "records/TransactionTypes.h"
 #include "register/CheckNumbers.h"
@@ -10,11 +12,6 @@
 namespace EntryRules {
 
 namespace {
-
-bool isCheckKind(const QString &kindCode)
-{
-    return kindCode == QStringLiteral("CH") || kindCode == QStringLiteral("MM");
-}
 
 bool isCheckText(const QString &typeText)
 {
@@ -32,17 +29,17 @@ int codeOf(const Input &input)
 QStringList typesFor(const QString &kindCode)
 {
     const QString k = kindCode.trimmed();
-    if (k == QStringLiteral("CC"))
+    if (AccountKinds::isCard(k))
         return {QStringLiteral("Charge"), QStringLiteral("Credit"),
                 QStringLiteral("Interest Charge"), QStringLiteral("Auto Charge"),
                 QStringLiteral("Bank Fee")};
     QStringList types;
-    if (isCheckKind(k))
+    if (AccountKinds::keepsCheckNumbers(k))
         types << CheckNumbers::NextCheck << CheckNumbers::EnterCheck;
     types << QStringLiteral("Deposit") << QStringLiteral("ATM Deposit")
           << QStringLiteral("Direct Deposit") << QStringLiteral("Interest Received")
           << QStringLiteral("Withdrawal");
-    if (k != QStringLiteral("SV"))
+    if (k != AccountKinds::Savings)
         types << QStringLiteral("Debit Card");
     types << QStringLiteral("ATM Withdrawal") << QStringLiteral("Auto Payment")
           << QStringLiteral("Bank Fee");
@@ -51,8 +48,7 @@ QStringList typesFor(const QString &kindCode)
 
 QString defaultType(const QString &kindCode)
 {
-    return kindCode.trimmed() == QStringLiteral("CC") ? QStringLiteral("Charge")
-                                                      : QStringLiteral("Withdrawal");
+    return AccountKinds::isCard(kindCode) ? QStringLiteral("Charge") : QStringLiteral("Withdrawal");
 }
 
 bool isEnterableType(const QString &kindCode, const QString &typeText)
@@ -91,7 +87,8 @@ std::optional<Refusal> validate(const QString &kindCode, const Input &input)
         return Refusal{Refusal::Where::Label,
                        QStringLiteral("Type the amount without a sign: the type gives it its sign"),
                        {}};
-    if (amount->isZero() && TransactionTypes::typeNum(input.typeText) != 15)
+    if (amount->isZero()
+        && TransactionTypes::typeNum(input.typeText) != TransactionTypes::TypeNum::StartingBalance)
         return Refusal{
             Refusal::Where::Label, QStringLiteral("Enter an amount greater than zero"), {}};
     if (exceedsMaxAmount(*amount))
@@ -109,7 +106,7 @@ Currency signedAmount(const Input &input)
 {
     const int code = codeOf(input);
     const Currency typed = typedAmount(input);
-    if (code == 15)
+    if (code == TransactionTypes::TypeNum::StartingBalance)
         return input.debit ? -typed : typed;
     return TransactionTypes::signedAmount(code, typed);
 }
@@ -121,9 +118,9 @@ BalanceCheck checkAccountBalance(const Input &input, const QString &accountName,
     // as zero for this check.
     const int index = input.typeText.trimmed() == QStringLiteral("Auto Charge") ? 0 : codeOf(input);
     Currency amount;
-    if (index >= 1 && index <= 14)
+    if (index >= TransactionTypes::TypeNum::Deposit && index <= TransactionTypes::TypeNum::Charge)
         amount = TransactionTypes::signedAmount(index, typedAmount(input));
-    else if (index == 15)
+    else if (index == TransactionTypes::TypeNum::StartingBalance)
         amount = signedAmount(input);
 
     BalanceCheck check;
@@ -135,7 +132,7 @@ BalanceCheck checkAccountBalance(const Input &input, const QString &accountName,
                         + QStringLiteral(" balance of ") + base.toCurrencyText()
                         + QStringLiteral(" by ") + after.abs().toCurrencyText()
                         + QStringLiteral(".\n\n     ---- The Account will go negative. ----");
-    check.incorrectPaymentType = index < 6 && input.cardIndex > 0;
+    check.incorrectPaymentType = index < TransactionTypes::TypeNum::Check && input.cardIndex > 0;
     return check;
 }
 
@@ -145,9 +142,9 @@ TransRecord fillRecord(TransRecord r, const Input &input, const BankAcctRecord &
     const QString kind = account.Type.text().trimmed();
     const QString type = input.typeText.trimmed();
     const int code = TransactionTypes::typeNum(type);
-    if (isCheckKind(kind) && isCheckText(type)) {
+    if (AccountKinds::keepsCheckNumbers(kind) && isCheckText(type)) {
         r.Type = type.mid(CheckNumbers::CheckPrefix.size());
-        r.TypeNum = 6;
+        r.TypeNum = TransactionTypes::TypeNum::Check;
     } else {
         r.Type = type;
         r.TypeNum = static_cast<std::int16_t>(code);
@@ -163,13 +160,13 @@ TransRecord fillRecord(TransRecord r, const Input &input, const BankAcctRecord &
         r.BudName = TransactionTemplate::NoCategory;
         r.BudNum = 0;
     }
-    if (kind == QStringLiteral("CC")) {
-        r.TransClass = TransactionTemplate::CCTrans;
+    if (AccountKinds::isCard(kind)) {
+        r.TransClass = TransactionClasses::CCTrans;
         r.CCBankName = account.BankName.text();
         r.CCBankNum = account.BankNum;
         r.CCBudNum = static_cast<std::int16_t>(cardBudNum);
     } else {
-        r.TransClass = TransactionTemplate::NormTrans;
+        r.TransClass = TransactionClasses::NormTrans;
         r.CCBankName = TransactionTemplate::NoCategory;
         r.CCBankNum = 0;
         r.CCBudNum = 0;

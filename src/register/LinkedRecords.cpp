@@ -2,17 +2,20 @@
 
 #include "accounts/AccountBook.h"
 #include "records/RecordFile.h"
+#include "records/TransactionClasses.h"
 
 #include <QFileInfo>
 
 bool LinkedRecords::isTransfer(const TransRecord &r)
 {
-    return r.TransClass.is(TransferFrom) || r.TransClass.is(TransferTo);
+    return r.TransClass.is(TransactionClasses::TransferFrom)
+           || r.TransClass.is(TransactionClasses::TransferTo);
 }
 
 bool LinkedRecords::isPayment(const TransRecord &r)
 {
-    return r.TransClass.is(PayBank) || r.TransClass.is(PayCard);
+    return r.TransClass.is(TransactionClasses::PayBank)
+           || r.TransClass.is(TransactionClasses::PayCard);
 }
 
 bool LinkedRecords::isLinked(const TransRecord &r)

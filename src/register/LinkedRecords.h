@@ -30,11 +30,6 @@ struct LinkedRecords
     // one register file is missing.
     struct Found;
     static Found find(const DataFiles &files, const TransRecord &record);
-
-    inline static const QString TransferFrom = QStringLiteral("Transfer From");
-    inline static const QString TransferTo = QStringLiteral("Transfer To");
-    inline static const QString PayBank = QStringLiteral("PayCC BankLedger");
-    inline static const QString PayCard = QStringLiteral("PayCC CCLedger");
 };
 
 struct LinkedRecords::Found

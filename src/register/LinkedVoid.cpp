@@ -2,9 +2,12 @@
 
 #include "accounts/AccountBook.h"
 #include "budget/BudgetPosting.h"
+#include "records/AccountKinds.h"
 #include "records/RecordFile.h"
+#include "records/TransactionClasses.h"
 #include "records/TransactionTemplate.h"
 #include "records/UnitOfWork.h"
+#include "register/AccountPosting.h"
 #include "register/LinkedRecords.h"
 
 namespace {
@@ -19,8 +22,8 @@ TransRecord voided(const TransRecord &old, const BankAcctRecord &account)
     v.Type = QStringLiteral("Void");
     v.BudName = TransactionTemplate::NoCategory;
     // Once void, a side is an ordinary entry of its own register.
-    v.TransClass = account.Type.is(QStringLiteral("CC")) ? TransactionTemplate::CCTrans
-                                                         : TransactionTemplate::NormTrans;
+    v.TransClass = AccountKinds::isCard(account.Type.text()) ? TransactionClasses::CCTrans
+                                                             : TransactionClasses::NormTrans;
     v.CCBankName = TransactionTemplate::NoCategory;
     return v;
 }
@@ -42,14 +45,14 @@ Result voidLinked(const DataFiles &files, int bankNum, int recordNumber)
     const LinkedRecords &l = *found.records;
 
     UnitOfWork unit(files.dataDir());
-    unit.write(l.fromPath, l.fromRecord, voided(l.from, l.fromAccount));
-    unit.write(l.toPath, l.toRecord, voided(l.to, l.toAccount));
+    const TransRecord fromVoid = voided(l.from, l.fromAccount);
+    const TransRecord toVoid = voided(l.to, l.toAccount);
+    unit.write(l.fromPath, l.fromRecord, fromVoid);
+    unit.write(l.toPath, l.toRecord, toVoid);
     BankAcctRecord from = l.fromAccount;
     BankAcctRecord to = l.toAccount;
-    from.Balance -= l.from.Amount;
-    to.Balance -= l.to.Amount;
-    unit.write(files.accountList(), from.BankNum, from);
-    unit.write(files.accountList(), to.BankNum, to);
+    AccountPosting::post(unit, files, from, &l.from, fromVoid);
+    AccountPosting::post(unit, files, to, &l.to, toVoid);
     BudgetPosting::post(unit, files, &l.from, nullptr);
     if (!unit.commit())
         return {false, unit.error()};

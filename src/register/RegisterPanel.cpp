@@ -6,9 +6,12 @@
 #include "core/Clock.h"
 #include "core/EntryChecks.h"
 #include "core/Interaction.h"
+#include "records/AccountKinds.h"
 #include "records/BudgetRecord.h"
 #include "records/RecordFile.h"
+#include "records/TransactionClasses.h"
 #include "records/TransactionTemplate.h"
+#include "records/TransactionTypes.h"
 #include "register/CardPayments.h"
 #include "register/CheckNumbers.h"
 #include "register/EntryRow.h"
@@ -16,6 +19,7 @@
 #include "register/LinkedVoid.h"
 #include "register/PayeeBook.h"
 #include "register/RegisterModel.h"
+#include "register/RegisterRefusals.h"
 #include "register/RegisterService.h"
 #include "register/ViewRange.h"
 #include "ui/DateBox.h"
@@ -50,7 +54,7 @@ QString amountText(Currency c)
 
 bool isCard(const BankAcctRecord &account)
 {
-    return account.Type.is(QStringLiteral("CC"));
+    return AccountKinds::isCard(account.Type.text());
 }
 
 } // namespace
@@ -182,7 +186,7 @@ void RegisterPanel::reloadLists()
     e->card->addItem(EntryRules::NoneEntry, 0);
     for (const BankAcctRecord &a :
          AccountBook(m_files).readAll().value_or(std::vector<BankAcctRecord>{}))
-        if (!a.isDeleted() && a.Type.is(QStringLiteral("CC")))
+        if (!a.isDeleted() && AccountKinds::isCard(a.Type.text()))
             e->card->addItem(a.BankName.text(), int(a.BankNum));
     // A card's own register records its charges and credits; paying a card is
     // done from a bank account.
@@ -218,11 +222,11 @@ void RegisterPanel::FillRegisterGrid()
 {
     RegisterService::Loaded loaded = RegisterService(m_files).load(m_account);
     if (!loaded.error.isEmpty())
-        m_interaction.message(loaded.error, RegisterService::MissingTitle,
+        m_interaction.message(loaded.error, RegisterRefusals::MissingTitle,
                               Interaction::Icon::Critical);
     else if (loaded.recreated)
-        m_interaction.message(RegisterService::missingText(m_account.BankName.text()),
-                              RegisterService::MissingTitle, Interaction::Icon::Exclamation);
+        m_interaction.message(RegisterRefusals::recreated(m_account.BankName.text()),
+                              RegisterRefusals::MissingTitle, Interaction::Icon::Exclamation);
     const int first = ViewRange::firstShown(loaded.records, m_account.ViewFromDate.text());
     // Handed over, not copied: a full register is some 13 MB of records.
     m_model->setRegister(std::move(loaded.records), first, isCard(m_account));
@@ -293,7 +297,7 @@ void RegisterPanel::suggestMemo()
 void RegisterPanel::onTypeChosen(int index)
 {
     EntryRow *e = m_entry;
-    if (m_mode == 1 && m_loaded.TypeNum == TransactionTemplate::StartingBalanceTypeNum) {
+    if (m_mode == 1 && m_loaded.TypeNum == TransactionTypes::TypeNum::StartingBalance) {
         // The opening entry keeps its type.
         m_interaction.beep();
         e->type->setCurrentIndex(-1);
@@ -394,7 +398,7 @@ void RegisterPanel::enterTransaction()
     const QString kind = m_account.Type.text().trimmed();
     // The card's side of a payment keeps its type: it is checked as a credit.
     const bool cardSide = m_mode == 1 && LinkedRecords::isPayment(m_loaded)
-                          && m_loaded.TransClass.is(LinkedRecords::PayCard);
+                          && m_loaded.TransClass.is(TransactionClasses::PayCard);
     EntryRules::Input checked = in;
     if (cardSide)
         checked.typeText = QStringLiteral("Credit");
@@ -436,7 +440,7 @@ void RegisterPanel::enterTransaction()
         }
     }
     bool paymentNotice = false;
-    if (kind != QStringLiteral("CC")) {
+    if (!AccountKinds::isCard(kind)) {
         const auto check = EntryRules::checkAccountBalance(in, m_account.BankName.text(),
                                                            m_account.Balance, change, m_oldAmount);
         int cancel = 0;
@@ -478,12 +482,12 @@ bool RegisterPanel::store(const EntryRules::Input &in, const TransRecord &record
     QString title;
     if (change && LinkedRecords::isTransfer(m_loaded)) {
         error = tr("Change a transfer on the Transfers panel");
-    } else if (change && m_loaded.TransClass.is(LinkedRecords::PayCard)) {
+    } else if (change && m_loaded.TransClass.is(TransactionClasses::PayCard)) {
         const auto r = CardPayments(m_files).changeFromCard(bankNum, m_recordNumber, in.amountText,
                                                             in.dateText, in.payee, in.memo);
         error = r.error;
         title = r.title;
-    } else if (change && (payment != m_loaded.TransClass.is(LinkedRecords::PayBank))) {
+    } else if (change && (payment != m_loaded.TransClass.is(TransactionClasses::PayBank))) {
         error = payment ? tr("To make this entry a card payment, void it and enter the payment")
                         : tr("To make this payment an ordinary entry, void it and enter it again");
     } else if (payment) {
@@ -505,7 +509,7 @@ bool RegisterPanel::store(const EntryRules::Input &in, const TransRecord &record
             return false;
         }
         m_interaction.message(error, title, Interaction::Icon::Exclamation);
-        if (title == RegisterService::MissingTitle) {
+        if (title == RegisterRefusals::MissingTitle) {
             endChangeMode();
             m_model->setRegister({}, 1, isCard(m_account));
         }
@@ -603,7 +607,8 @@ void RegisterPanel::loadForChange(int n)
     m_oldBudNum = r.BudNum;
     m_mode = 1;
 
-    const bool check = r.TypeNum == 6 && CheckNumbers::numericValue(r.Type.text()).has_value();
+    const bool check = r.TypeNum == TransactionTypes::TypeNum::Check
+                       && CheckNumbers::numericValue(r.Type.text()).has_value();
     e->type->setCurrentIndex(-1);
     e->type->setEditText(check ? CheckNumbers::CheckPrefix + r.Type.text()
                                : r.Type.text().trimmed());
@@ -615,9 +620,9 @@ void RegisterPanel::loadForChange(int n)
     e->amount->setText(amountText(r.Amount));
     e->debit->setChecked(r.Amount.isNegative());
     e->credit->setChecked(!r.Amount.isNegative());
-    e->showSignOptions(r.TypeNum == TransactionTemplate::StartingBalanceTypeNum);
+    e->showSignOptions(r.TypeNum == TransactionTypes::TypeNum::StartingBalance);
     e->category->setCurrentIndex(0);
-    if (r.TransClass.is(LinkedRecords::PayBank)) {
+    if (r.TransClass.is(TransactionClasses::PayBank)) {
         // A payment shows its card; the check tests the card's category.
         e->card->setCurrentIndex(std::max(0, e->card->findData(int(r.PaidToBankNum))));
         m_oldBudNum = r.CCBudNum;

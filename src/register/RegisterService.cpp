@@ -3,35 +3,19 @@
 #include "accounts/AccountBook.h"
 #include "budget/BudgetPosting.h"
 #include "records/RecordFile.h"
+#include "records/TransactionClasses.h"
 #include "records/TransactionTemplate.h"
+#include "records/TransactionTypes.h"
 #include "records/UnitOfWork.h"
-#include "register/CheckNumbers.h"
+#include "register/AccountPosting.h"
+#include "register/RegisterRefusals.h"
 
 #include <QFile>
 #include <QFileInfo>
 
-#include <limits>
 #include <utility>
 
-namespace {
-
-bool keepsCheckNumbers(const BankAcctRecord &account)
-{
-    const QString kind = account.Type.text().trimmed();
-    return kind == QStringLiteral("CH") || kind == QStringLiteral("MM");
-}
-
-} // namespace
-
 RegisterService::RegisterService(DataFiles files) : m_files(std::move(files)) {}
-
-QString RegisterService::missingText(const QString &accountName)
-{
-    return QStringLiteral(
-               "The register of \"%1\" was missing and has been created again, empty.\n\n"
-               "The account's balance is kept as it was.")
-        .arg(accountName);
-}
 
 RegisterService::Loaded RegisterService::load(const BankAcctRecord &account) const
 {
@@ -81,7 +65,8 @@ RegisterService::Result RegisterService::write(int bankNum, int recordNumber, Tr
         // Removed behind the program's back: start it again, empty, and say so
         // rather than quietly writing a register that begins with this entry.
         QFile(path).open(QIODevice::WriteOnly);
-        return refuse(missingText(account.BankName.text()), MissingTitle);
+        return refuse(RegisterRefusals::recreated(account.BankName.text()),
+                      RegisterRefusals::MissingTitle);
     }
     UnitOfWork unit(m_files.dataDir());
 
@@ -89,10 +74,8 @@ RegisterService::Result RegisterService::write(int bankNum, int recordNumber, Tr
     if (isNew) {
         recordNumber = unit.count(path, TransRecord::Size) + 1;
         if (recordNumber > RawRecordFile::MaxRecords)
-            return refuse(QStringLiteral("The register of \"%1\" is full: a register holds at most "
-                                         "32,767 transactions.\n\nNothing has been entered.")
-                              .arg(account.BankName.text()),
-                          RegisterFullTitle);
+            return refuse(RegisterRefusals::full(account.BankName.text()),
+                          RegisterRefusals::FullTitle);
     } else {
         if (recordNumber < 1 || recordNumber > unit.count(path, TransRecord::Size))
             return refuse(QStringLiteral("That transaction is no longer in the register."));
@@ -101,14 +84,7 @@ RegisterService::Result RegisterService::write(int bankNum, int recordNumber, Tr
     record.Tranno = static_cast<std::int16_t>(recordNumber);
     unit.write(path, recordNumber, record);
 
-    account.Balance += record.Amount - (isNew ? Currency() : before.Amount);
-    if (keepsCheckNumbers(account) && record.TypeNum == 6) {
-        const auto number = CheckNumbers::numericValue(record.Type.text());
-        const auto previous = isNew ? std::nullopt : CheckNumbers::numericValue(before.Type.text());
-        if (number && number != previous && *number <= std::numeric_limits<std::int32_t>::max())
-            account.NextCheckNum = static_cast<std::int32_t>(*number);
-    }
-    unit.write(m_files.accountList(), bankNum, account);
+    AccountPosting::post(unit, m_files, account, isNew ? nullptr : &before, record);
     BudgetPosting::post(unit, m_files, isNew ? nullptr : &before, voiding ? nullptr : &record);
 
     if (!unit.commit())
@@ -130,13 +106,13 @@ RegisterService::Result RegisterService::voidRecord(int bankNum, int recordNumbe
     if (recordNumber < 1 || recordNumber > file.count())
         return refuse(QStringLiteral("That transaction is no longer in the register."));
     const TransRecord old = file.read(recordNumber);
-    if (old.TypeNum == TransactionTemplate::StartingBalanceTypeNum)
+    if (old.TypeNum == TransactionTypes::TypeNum::StartingBalance)
         return refuse(
             QStringLiteral("The starting balance cannot be voided; change its amount instead."));
     if (old.Description.is(QStringLiteral("Void")) && old.Amount.isZero())
         return refuse(QStringLiteral("This transaction is void already."));
     const QString cls = old.TransClass.text().trimmed();
-    if (cls != TransactionTemplate::NormTrans && cls != TransactionTemplate::CCTrans)
+    if (cls != TransactionClasses::NormTrans && cls != TransactionClasses::CCTrans)
         return refuse(
             QStringLiteral("A transfer or card payment is voided together with its other side."));
 

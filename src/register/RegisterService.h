@@ -8,8 +8,8 @@
 
 #include <vector>
 
-// Reads and writes the register of an account. Every write moves the account's
-// balance (and later its budget) in the same unit of work.
+// Reads and writes the register of an account. Every write moves the account
+// (AccountPosting) and its categories (BudgetPosting) in the same unit of work.
 class RegisterService
 {
 public:
@@ -44,10 +44,6 @@ public:
 
     // Keeps the register's view range ("All" or a date) with the account.
     Result setViewFrom(int bankNum, const QString &viewFrom);
-
-    inline static const QString RegisterFullTitle = QStringLiteral("Register Full");
-    inline static const QString MissingTitle = QStringLiteral("Register Missing");
-    static QString missingText(const QString &accountName);
 
 private:
     Result refuse(const QString &error, const QString &title = {}) const;

@@ -4,7 +4,9 @@
 #include "core/Clock.h"
 #include "core/EntryChecks.h"
 #include "core/Interaction.h"
+#include "records/AccountKinds.h"
 #include "records/RecordFile.h"
+#include "records/TransactionTypes.h"
 #include "register/CheckNumbers.h"
 #include "register/LinkedRecords.h"
 #include "ui/DateBox.h"
@@ -146,7 +148,7 @@ void TransferPanel::onFromChosen()
     m_type->clear();
     if (m_from->currentIndex() >= 0)
         m_type->addItems(TransferService::typesFor(from.Type.text()));
-    m_type->setCurrentIndex(m_type->findText(from.Type.is(QStringLiteral("CC"))
+    m_type->setCurrentIndex(m_type->findText(AccountKinds::isCard(from.Type.text())
                                                  ? QStringLiteral("Charge")
                                                  : QStringLiteral("Withdrawal")));
     m_checkPending = false;
@@ -360,8 +362,8 @@ QString TransferPanel::loadForChange(int bankNum, int recordNumber)
     m_enter->setText(tr("Change"));
     m_from->setEnabled(false);
     m_to->setEnabled(false);
-    const bool check
-        = l.from.TypeNum == 6 && CheckNumbers::numericValue(l.from.Type.text()).has_value();
+    const bool check = l.from.TypeNum == TransactionTypes::TypeNum::Check
+                       && CheckNumbers::numericValue(l.from.Type.text()).has_value();
     m_type->setCurrentIndex(-1);
     m_type->setEditText(check ? CheckNumbers::CheckPrefix + l.from.Type.text()
                               : l.from.Type.text().trimmed());

@@ -2,11 +2,16 @@
 
 #include "accounts/AccountBook.h"
 #include "core/EntryChecks.h"
+#include "records/AccountKinds.h"
 #include "records/RecordFile.h"
+#include "records/TransactionClasses.h"
 #include "records/TransactionTemplate.h"
+#include "records/TransactionTypes.h"
 #include "records/UnitOfWork.h"
+#include "register/AccountPosting.h"
 #include "register/CheckNumbers.h"
 #include "register/LinkedRecords.h"
+#include "register/RegisterRefusals.h"
 
 #include <QFileInfo>
 
@@ -17,12 +22,7 @@ namespace {
 
 bool isCard(const BankAcctRecord &a)
 {
-    return a.Type.is(QStringLiteral("CC"));
-}
-
-bool keepsChecks(const BankAcctRecord &a)
-{
-    return a.Type.is(QStringLiteral("CH")) || a.Type.is(QStringLiteral("MM"));
+    return AccountKinds::isCard(a.Type.text());
 }
 
 } // namespace
@@ -32,9 +32,9 @@ TransferService::TransferService(DataFiles files) : m_files(std::move(files)) {}
 QStringList TransferService::typesFor(const QString &kindCode)
 {
     const QString k = kindCode.trimmed();
-    if (k == QStringLiteral("CC"))
+    if (AccountKinds::isCard(k))
         return {QStringLiteral("Charge")};
-    if (k == QStringLiteral("CH") || k == QStringLiteral("MM"))
+    if (AccountKinds::keepsCheckNumbers(k))
         return {CheckNumbers::NextCheck, CheckNumbers::EnterCheck, QStringLiteral("Withdrawal")};
     return {QStringLiteral("Withdrawal")};
 }
@@ -79,7 +79,8 @@ std::optional<TransferService::Result> TransferService::validate(const Request &
         return refuse(QStringLiteral("One of the accounts has been removed"));
     const QString type = request.typeText.trimmed();
     // Only checking and money-market accounts write checks.
-    const bool check = keepsChecks(from) && CheckNumbers::numberOfTypeText(type).has_value();
+    const bool check = AccountKinds::keepsCheckNumbers(from.Type.text())
+                       && CheckNumbers::numberOfTypeText(type).has_value();
     if (!check && !typesFor(from.Type.text()).contains(type))
         return refuse(QStringLiteral("Choose how the money leaves %1").arg(from.BankName.text()));
     if (type == CheckNumbers::NextCheck || type == CheckNumbers::EnterCheck)
@@ -145,18 +146,19 @@ void fillPair(const TransferService::Request &request, const BankAcctRecord &fro
     }
     if (check) {
         f.Type = type.mid(CheckNumbers::CheckPrefix.size());
-        f.TypeNum = 6;
+        f.TypeNum = TransactionTypes::TypeNum::Check;
     } else {
         f.Type = type;
-        f.TypeNum = isCard(from) ? 14 : 7;
+        f.TypeNum = isCard(from) ? TransactionTypes::TypeNum::Charge
+                                 : TransactionTypes::TypeNum::Withdrawal;
     }
     f.DateClear = clearedText(request.fromCleared);
-    f.TransClass = LinkedRecords::TransferFrom;
+    f.TransClass = TransactionClasses::TransferFrom;
     f.Amount = -amount;
     t.Type = isCard(to) ? QStringLiteral("Credit") : QStringLiteral("Deposit");
-    t.TypeNum = isCard(to) ? 5 : 1;
+    t.TypeNum = isCard(to) ? TransactionTypes::TypeNum::Credit : TransactionTypes::TypeNum::Deposit;
     t.DateClear = clearedText(request.toCleared);
-    t.TransClass = LinkedRecords::TransferTo;
+    t.TransClass = TransactionClasses::TransferTo;
     t.Amount = amount;
     // A cleared side carries its mark.
     if (!f.DateClear.isBlank())
@@ -176,16 +178,17 @@ TransferService::Result TransferService::enter(const Request &request)
     BankAcctRecord to = book.read(request.toBankNum);
     const QString fromPath = m_files.registerFile(from.BankName.text());
     const QString toPath = m_files.registerFile(to.BankName.text());
-    for (const QString &path : {fromPath, toPath})
-        if (!QFileInfo::exists(path))
-            return refuse(
-                QStringLiteral("The register \"%1\" is missing").arg(QFileInfo(path).fileName()));
+    for (const BankAcctRecord *a : {&from, &to})
+        if (!QFileInfo::exists(m_files.registerFile(a->BankName.text())))
+            return refuse(RegisterRefusals::missing(a->BankName.text()));
 
     UnitOfWork unit(m_files.dataDir());
     const int fromRecord = unit.count(fromPath, TransRecord::Size) + 1;
     const int toRecord = unit.count(toPath, TransRecord::Size) + 1;
     if (fromRecord > RawRecordFile::MaxRecords || toRecord > RawRecordFile::MaxRecords)
-        return refuse(QStringLiteral("A register is full: it holds at most 32,767 transactions."));
+        return refuse(RegisterRefusals::full(
+                          (fromRecord > RawRecordFile::MaxRecords ? from : to).BankName.text()),
+                      RegisterRefusals::FullTitle);
     TransRecord f = TransactionTemplate::blank();
     TransRecord t = TransactionTemplate::blank();
     fillPair(request, from, to, f, t);
@@ -198,12 +201,8 @@ TransferService::Result TransferService::enter(const Request &request)
     unit.write(fromPath, fromRecord, f);
     unit.write(toPath, toRecord, t);
 
-    from.Balance += f.Amount;
-    to.Balance += t.Amount;
-    if (f.TypeNum == 6 && keepsChecks(from))
-        from.NextCheckNum = static_cast<std::int32_t>(*CheckNumbers::numericValue(f.Type.text()));
-    unit.write(m_files.accountList(), from.BankNum, from);
-    unit.write(m_files.accountList(), to.BankNum, to);
+    AccountPosting::post(unit, m_files, from, nullptr, f);
+    AccountPosting::post(unit, m_files, to, nullptr, t);
     if (!unit.commit())
         return refuse(unit.error());
     Result r;
@@ -245,15 +244,8 @@ TransferService::Result TransferService::change(int fromBankNum, int fromRecord,
     unit.write(old.fromPath, old.fromRecord, f);
     unit.write(old.toPath, old.toRecord, t);
     // The old transfer is undone on both sides, then the new one applied.
-    from.Balance += f.Amount - old.from.Amount;
-    to.Balance += t.Amount - old.to.Amount;
-    if (f.TypeNum == 6 && keepsChecks(from)) {
-        const auto number = CheckNumbers::numericValue(f.Type.text());
-        if (number != CheckNumbers::numericValue(old.from.Type.text()))
-            from.NextCheckNum = static_cast<std::int32_t>(*number);
-    }
-    unit.write(m_files.accountList(), from.BankNum, from);
-    unit.write(m_files.accountList(), to.BankNum, to);
+    AccountPosting::post(unit, m_files, from, &old.from, f);
+    AccountPosting::post(unit, m_files, to, &old.to, t);
     if (!unit.commit())
         return refuse(unit.error());
     Result r;

@@ -2,13 +2,17 @@
 #include "accounts/AccountBook.h"
 #include "accounts/AccountService.h"
 #include "core/EntryChecks.h"
+#include "records/AccountKinds.h"
 #include "records/PayeeRecord.h"
 #include "records/RecordFile.h"
 #include "records/TransactionTemplate.h"
+#include "records/TransactionTypes.h"
 #include "records/UnitOfWork.h"
+#include "register/AccountPosting.h"
 #include "register/CheckNumbers.h"
 #include "register/EntryRules.h"
 #include "register/PayeeBook.h"
+#include "register/RegisterRefusals.h"
 #include "register/RegisterService.h"
 #include "register/ViewRange.h"
 
@@ -365,6 +369,51 @@ private Q_SLOTS:
         QCOMPARE(recs[3].Amount, Currency::fromUnits(-20));
     }
 
+    // Balances move by the difference; the last check number follows a new
+    // check number in a checking or money-market account only, and only when
+    // it fits in 32 bits.
+    void accountPostings()
+    {
+        const auto check = [](const char *number, qint64 cents) {
+            TransRecord r;
+            r.Type = QString::fromLatin1(number);
+            r.TypeNum = TransactionTypes::TypeNum::Check;
+            r.Amount = Currency::fromCents(cents);
+            return r;
+        };
+        BankAcctRecord a;
+        a.Type = AccountKinds::MoneyMarket;
+        a.Balance = Currency::fromCents(100'00);
+        a.NextCheckNum = 1000;
+
+        const TransRecord first = check("1001", -20'00);
+        AccountPosting::apply(a, nullptr, first);
+        QCOMPARE(a.Balance, Currency::fromCents(80'00));
+        QCOMPARE(a.NextCheckNum, 1001);
+
+        a.NextCheckNum = 1005; // a later check was written since
+        const TransRecord sameNumber = check("1001", -25'00);
+        AccountPosting::apply(a, &first, sameNumber);
+        QCOMPARE(a.Balance, Currency::fromCents(75'00));
+        QCOMPARE(a.NextCheckNum, 1005);
+
+        AccountPosting::apply(a, &sameNumber, check("2147483648", -25'00));
+        QCOMPARE(a.NextCheckNum, 1005);
+        AccountPosting::apply(a, nullptr, check("2147483647", 0));
+        QCOMPARE(a.NextCheckNum, 2147483647);
+
+        TransRecord voided = TransactionTemplate::blank();
+        voided.Type = QStringLiteral("Void");
+        AccountPosting::apply(a, &sameNumber, voided);
+        QCOMPARE(a.Balance, Currency::fromCents(100'00));
+        QCOMPARE(a.NextCheckNum, 2147483647);
+
+        a.Type = AccountKinds::Savings;
+        AccountPosting::apply(a, nullptr, check("7", -1'00));
+        QCOMPARE(a.NextCheckNum, 2147483647);
+        QCOMPARE(a.Balance, Currency::fromCents(99'00));
+    }
+
     void fullRegisterRefused()
     {
         QTemporaryDir dir;
@@ -378,7 +427,7 @@ private Q_SLOTS:
         const auto r = RegisterService(files).add(
             bank, newRecord(account, entry(QStringLiteral("Deposit"), "1")));
         QVERIFY(!r.ok);
-        QCOMPARE(r.title, RegisterService::RegisterFullTitle);
+        QCOMPARE(r.title, RegisterRefusals::FullTitle);
         QVERIFY(folderSnapshot(dir.path()) == before);
     }
 
@@ -396,7 +445,7 @@ private Q_SLOTS:
         const auto r = RegisterService(files).add(
             bank, newRecord(account, entry(QStringLiteral("Deposit"), "1")));
         QVERIFY(!r.ok);
-        QCOMPARE(r.title, RegisterService::MissingTitle);
+        QCOMPARE(r.title, RegisterRefusals::MissingTitle);
         QVERIFY(folderSnapshot(dir.path()) == expected);
 
         QVERIFY(QFile::remove(path));
