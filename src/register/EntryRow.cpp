@@ -1,8 +1,7 @@
 #include "register/EntryRow.h"
 
-#include "register/CheckNumbers.h"
+#include "register/CheckNumberPrompt.h"
 #include "ui/DateBox.h"
-#include "ui/KeyFilter.h"
 #include "ui/Named.h"
 
 #include <QComboBox>
@@ -24,7 +23,7 @@ QLabel *caption(const QString &text, QWidget *parent)
 
 } // namespace
 
-EntryRow::EntryRow(QWidget *parent)
+EntryRow::EntryRow(Interaction &interaction, QWidget *parent)
     : QWidget(parent), title(named(new QLabel(this), "lblEntryTitle")),
       type(named(new QComboBox(this), "cmbType")), date(named(new DateBox(this), "cmbDate")),
       payee(named(new QComboBox(this), "cmbDesc")),
@@ -36,9 +35,8 @@ EntryRow::EntryRow(QWidget *parent)
       category(named(new QComboBox(this), "cmbBudItems")),
       card(named(new QComboBox(this), "cmbCreditCards")),
       memo(named(new QLineEdit(this), "txtBoxMemo")), cleared(named(new QLabel(this), "lblCheck")),
-      checkPrompt(named(new QLabel(this), "Label(2)")),
-      checkNumber(named(new QLineEdit(this), "txtchkno")),
-      checkOk(named(new QPushButton(tr("OK"), this), "cmdchkno")),
+      checkNumbers(
+          new CheckNumberPrompt(interaction, type, {"Label(2)", "txtchkno", "cmdchkno"}, this)),
       error(named(new QLabel(this), "lblTranserror")), notice(named(new QLabel(this), "lblNotice")),
       enter(named(new QPushButton(tr("Enter"), this), "cmdEnterTrans")),
       quick(named(new QPushButton(tr("Quick Entry"), this), "cmdNew")),
@@ -65,8 +63,6 @@ EntryRow::EntryRow(QWidget *parent)
     cleared->setFixedWidth(18);
     cleared->setToolTip(tr("Cleared by a bank statement"));
     cleared->setStyleSheet(QStringLiteral("color: #1e7b34; font-weight: bold;"));
-    checkNumber->setMaximumWidth(100);
-    new KeyFilter(checkNumber, checkOk, &CheckNumbers::acceptsKey);
     quick->setToolTip(
         tr("Enter the row as a new transaction; the one it came from stays as it is"));
     voidButton->setToolTip(tr("Void the transaction picked in the register"));
@@ -103,11 +99,6 @@ EntryRow::EntryRow(QWidget *parent)
     grid->addWidget(memo, 3, 2, 1, 2);
     grid->setColumnStretch(2, 1);
 
-    auto *prompt = new QHBoxLayout;
-    prompt->addWidget(checkPrompt);
-    prompt->addWidget(checkNumber);
-    prompt->addWidget(checkOk);
-    prompt->addStretch();
     auto *buttons = new QHBoxLayout;
     buttons->addWidget(error, 1);
     buttons->addWidget(notice, 1);
@@ -121,25 +112,9 @@ EntryRow::EntryRow(QWidget *parent)
     layout->setSpacing(3);
     layout->addWidget(title);
     layout->addLayout(grid);
-    layout->addLayout(prompt);
+    layout->addWidget(checkNumbers);
     layout->addLayout(buttons);
-    hideCheckPrompt();
     showSignOptions(false);
-}
-
-void EntryRow::showCheckPrompt(const QString &text)
-{
-    checkPrompt->setText(text);
-    checkPrompt->show();
-    checkNumber->show();
-    checkOk->show();
-}
-
-void EntryRow::hideCheckPrompt()
-{
-    checkPrompt->hide();
-    checkNumber->hide();
-    checkOk->hide();
 }
 
 void EntryRow::showSignOptions(bool shown)

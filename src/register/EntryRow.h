@@ -2,7 +2,9 @@
 
 #include <QWidget>
 
+class CheckNumberPrompt;
 class DateBox;
+class Interaction;
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -15,34 +17,29 @@ class EntryRow : public QWidget
 {
     Q_OBJECT
 public:
-    explicit EntryRow(QWidget *parent = nullptr);
+    explicit EntryRow(Interaction &interaction, QWidget *parent = nullptr);
 
     QLabel *title;
-    QComboBox *type;          // cmbType
-    DateBox *date;            // cmbDate
-    QComboBox *payee;         // cmbDesc
-    QPushButton *addPayee;    // cmdAddDesc
-    QPushButton *deletePayee; // cmdDelDesc
-    QLineEdit *amount;        // cmbamt
-    QRadioButton *debit;      // optdebitchng
-    QRadioButton *credit;     // optcreditchng
-    QComboBox *category;      // cmbBudItems
-    QComboBox *card;          // cmbCreditCards
-    QLineEdit *memo;          // txtBoxMemo
-    QLabel *cleared;          // lblCheck
-    QLabel *checkPrompt;      // Label(2)
-    QLineEdit *checkNumber;   // txtchkno
-    QPushButton *checkOk;     // cmdchkno
-    QLabel *error;            // lblTranserror
-    QLabel *notice;           // lblNotice
-    QPushButton *enter;       // cmdEnterTrans
-    QPushButton *quick;       // cmdNew
-    QPushButton *clear;       // cmdClear
-    QPushButton *voidButton;  // cmdVoid
+    QComboBox *type;                 // cmbType
+    DateBox *date;                   // cmbDate
+    QComboBox *payee;                // cmbDesc
+    QPushButton *addPayee;           // cmdAddDesc
+    QPushButton *deletePayee;        // cmdDelDesc
+    QLineEdit *amount;               // cmbamt
+    QRadioButton *debit;             // optdebitchng
+    QRadioButton *credit;            // optcreditchng
+    QComboBox *category;             // cmbBudItems
+    QComboBox *card;                 // cmbCreditCards
+    QLineEdit *memo;                 // txtBoxMemo
+    QLabel *cleared;                 // lblCheck
+    CheckNumberPrompt *checkNumbers; // Label(2), txtchkno, cmdchkno
+    QLabel *error;                   // lblTranserror
+    QLabel *notice;                  // lblNotice
+    QPushButton *enter;              // cmdEnterTrans
+    QPushButton *quick;              // cmdNew
+    QPushButton *clear;              // cmdClear
+    QPushButton *voidButton;         // cmdVoid
 
-    // Shows or hides the check-number prompt with its box and button.
-    void showCheckPrompt(const QString &caption);
-    void hideCheckPrompt();
     // The sign options matter only for an account's starting balance.
     void showSignOptions(bool shown);
 };

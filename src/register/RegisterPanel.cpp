@@ -13,6 +13,7 @@
 #include "records/TransactionTemplate.h"
 #include "records/TransactionTypes.h"
 #include "register/CardPayments.h"
+#include "register/CheckNumberPrompt.h"
 #include "register/CheckNumbers.h"
 #include "register/EntryRow.h"
 #include "register/LinkedRecords.h"
@@ -61,8 +62,8 @@ bool isCard(const BankAcctRecord &account)
 
 RegisterPanel::RegisterPanel(Interaction &interaction, QWidget *parent)
     : QWidget(parent), m_interaction(interaction), m_files(QString(), false),
-      m_model(new RegisterModel(this)), m_grid(new QTableView(this)), m_entry(new EntryRow(this)),
-      m_noticeTimer(new QTimer(this))
+      m_model(new RegisterModel(this)), m_grid(new QTableView(this)),
+      m_entry(new EntryRow(interaction, this)), m_noticeTimer(new QTimer(this))
 {
     setObjectName(QStringLiteral("picRegister"));
     m_noticeTimer->setObjectName(QStringLiteral("Timer1"));
@@ -87,7 +88,7 @@ RegisterPanel::RegisterPanel(Interaction &interaction, QWidget *parent)
         header->resizeSection(c, widths[c]);
     header->setSectionResizeMode(RegisterModel::Payee, QHeaderView::Stretch);
     connect(header, &QHeaderView::sectionClicked, this, [this] {
-        if (m_checkPending)
+        if (m_entry->checkNumbers->pending())
             m_interaction.beep();
         else
             onClear();
@@ -104,7 +105,8 @@ RegisterPanel::RegisterPanel(Interaction &interaction, QWidget *parent)
 
     EntryRow *e = m_entry;
     connect(e->type, &QComboBox::activated, this, &RegisterPanel::onTypeChosen);
-    connect(e->checkOk, &QPushButton::clicked, this, &RegisterPanel::onCheckNumberEntered);
+    e->checkNumbers->setIsTaken(
+        [this](std::int64_t n) { return CheckNumbers::isDuplicate(m_model->records(), n); });
     connect(e->enter, &QPushButton::clicked, this, &RegisterPanel::onEnter);
     connect(e->quick, &QPushButton::clicked, this, &RegisterPanel::onQuickEntry);
     connect(e->clear, &QPushButton::clicked, this, &RegisterPanel::onClear);
@@ -278,11 +280,6 @@ void RegisterPanel::showNotice(const QString &text)
     m_noticeTimer->start();
 }
 
-void RegisterPanel::setCheckPending(bool pending)
-{
-    m_checkPending = pending;
-}
-
 void RegisterPanel::suggestMemo()
 {
     const EntryRow *e = m_entry;
@@ -305,82 +302,15 @@ void RegisterPanel::onTypeChosen(int index)
         return;
     }
     const QString text = e->type->itemText(index);
-    setCheckPending(false);
-    e->hideCheckPrompt();
-    const auto taken
-        = [this](std::int64_t n) { return CheckNumbers::isDuplicate(m_model->records(), n); };
-    const CheckNumbers::TypeChoice choice
-        = CheckNumbers::chooseType(text, m_account.NextCheckNum, taken);
-    switch (choice.step) {
-    case CheckNumbers::TypeChoice::Step::Prompt:
-        e->checkNumber->clear();
-        e->showCheckPrompt(choice.prompt);
-        setCheckPending(true);
-        break;
-    case CheckNumbers::TypeChoice::Step::TooLarge:
-        m_interaction.message(CheckNumbers::TooLargeText, CheckNumbers::TooLargeTitle,
-                              Interaction::Icon::Exclamation);
-        e->type->setCurrentIndex(-1);
+    if (!e->checkNumbers->typeChosen(text, m_account.NextCheckNum))
         return;
-    case CheckNumbers::TypeChoice::Step::Offered:
-    case CheckNumbers::TypeChoice::Step::Duplicate:
-        // The list entry gives way to the number it stands for.
-        e->type->setCurrentIndex(-1);
-        e->type->setEditText(choice.typeText);
-        if (choice.step == CheckNumbers::TypeChoice::Step::Duplicate) {
-            m_interaction.beep();
-            e->checkPrompt->setText(CheckNumbers::Duplicate);
-            e->checkPrompt->show();
-            // The number is taken: Enter waits until another type is chosen.
-            setCheckPending(true);
-            return;
-        }
-        break;
-    case CheckNumbers::TypeChoice::Step::None:
-        break;
-    }
     e->showSignOptions(m_mode == 1 && text == TransactionTemplate::StartingBalance);
     suggestMemo();
 }
 
-void RegisterPanel::onCheckNumberEntered()
-{
-    EntryRow *e = m_entry;
-    const QString typed = e->checkNumber->text().trimmed();
-    if (typed.isEmpty()) {
-        e->type->setCurrentIndex(-1);
-        e->type->setEditText(QString());
-        e->hideCheckPrompt();
-        setCheckPending(false);
-        return;
-    }
-    const auto taken
-        = [this](std::int64_t n) { return CheckNumbers::isDuplicate(m_model->records(), n); };
-    const CheckNumbers::TypedNumber result = CheckNumbers::acceptTyped(typed, taken);
-    switch (result.outcome) {
-    case CheckNumbers::TypedNumber::Outcome::NotNumber:
-        m_interaction.beep();
-        return;
-    case CheckNumbers::TypedNumber::Outcome::TooLarge:
-        m_interaction.message(CheckNumbers::TooLargeText, CheckNumbers::TooLargeTitle,
-                              Interaction::Icon::Exclamation);
-        return;
-    case CheckNumbers::TypedNumber::Outcome::Duplicate:
-        m_interaction.beep();
-        e->checkPrompt->setText(CheckNumbers::Duplicate);
-        return;
-    case CheckNumbers::TypedNumber::Outcome::Accepted:
-        break;
-    }
-    e->hideCheckPrompt();
-    e->type->setCurrentIndex(-1);
-    e->type->setEditText(CheckNumbers::typedText(result.digits));
-    setCheckPending(false);
-}
-
 void RegisterPanel::onEnter()
 {
-    if (m_checkPending) {
+    if (m_entry->checkNumbers->pending()) {
         m_interaction.beep();
         return;
     }
@@ -540,8 +470,7 @@ void RegisterPanel::onClear()
 {
     EntryRow *e = m_entry;
     endChangeMode();
-    setCheckPending(false);
-    e->hideCheckPrompt();
+    e->checkNumbers->reset();
     const QString def = EntryRules::defaultType(m_account.Type.text());
     e->type->setCurrentIndex(e->type->findText(def));
     e->date->setEditText(EntryChecks::formatLongDate(Clock::today()));
@@ -573,7 +502,7 @@ void RegisterPanel::endChangeMode()
 
 void RegisterPanel::onRowClicked(const QModelIndex &index)
 {
-    if (m_checkPending) {
+    if (m_entry->checkNumbers->pending()) {
         m_interaction.beep();
         return;
     }

@@ -51,7 +51,6 @@ private:
     void reloadPayees();
 
     void onTypeChosen(int index);
-    void onCheckNumberEntered();
     void onEnter();
     void onQuickEntry();
     void onClear();
@@ -73,7 +72,6 @@ private:
     bool store(const EntryRules::Input &in, const TransRecord &record);
     void endChangeMode();
     int cardBudNum() const;
-    void setCheckPending(bool pending);
 
     Interaction &m_interaction;
     DataFiles m_files;
@@ -89,7 +87,6 @@ private:
     // category with the old amount credited back, and against a new category
     // at its full balance.
     int m_oldAmountApplies = 0;
-    bool m_checkPending = false;
 
     RegisterModel *m_model;
     QTableView *m_grid;

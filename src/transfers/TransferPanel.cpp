@@ -7,10 +7,10 @@
 #include "records/AccountKinds.h"
 #include "records/RecordFile.h"
 #include "records/TransactionTypes.h"
+#include "register/CheckNumberPrompt.h"
 #include "register/CheckNumbers.h"
 #include "register/LinkedRecords.h"
 #include "ui/DateBox.h"
-#include "ui/KeyFilter.h"
 #include "ui/Named.h"
 
 #include <QComboBox>
@@ -46,9 +46,8 @@ TransferPanel::TransferPanel(Interaction &interaction, QWidget *parent)
       m_error(named(new QLabel(this), "lblErrorTrans")),
       m_errorButton(named(new QPushButton(tr("OK"), this), "cmderror")),
       m_enter(named(new QPushButton(tr("Enter"), this), "cmdAcctTransfer")),
-      m_checkNumber(named(new QLineEdit(this), "txtChknoTrans")),
-      m_checkPrompt(named(new QLabel(this), "lblstartcknotrans")),
-      m_checkOk(named(new QPushButton(tr("OK"), this), "cmdchknoenter"))
+      m_checkNumbers(new CheckNumberPrompt(
+          interaction, m_type, {"lblstartcknotrans", "txtChknoTrans", "cmdchknoenter"}, this))
 {
     setObjectName(QStringLiteral("picTransfer"));
     QFont bold = m_title->font();
@@ -59,15 +58,14 @@ TransferPanel::TransferPanel(Interaction &interaction, QWidget *parent)
     m_type->setInsertPolicy(QComboBox::NoInsert);
     m_error->setStyleSheet(QStringLiteral("color: #c0392b;"));
     m_date3->hide(); // kept in step with the date; checked with it
-    m_checkNumber->setMaximumWidth(100);
-    new KeyFilter(m_checkNumber, m_checkOk, &CheckNumbers::acceptsKey);
+    m_checkNumbers->setIsTaken(
+        [this](std::int64_t n) { return CheckNumbers::isDuplicate(fromRegister(), n); });
     auto *clear = named(new QPushButton(tr("Clear"), this), "cmdClearTransfer");
 
     connect(m_from, &QComboBox::activated, this, &TransferPanel::onFromChosen);
     connect(m_to, &QComboBox::activated, this, &TransferPanel::rebuildDescription);
     connect(m_amount, &QLineEdit::textEdited, this, &TransferPanel::rebuildDescription);
     connect(m_type, &QComboBox::activated, this, &TransferPanel::onTypeChosen);
-    connect(m_checkOk, &QPushButton::clicked, this, &TransferPanel::onCheckNumberEntered);
     connect(m_enter, &QPushButton::clicked, this, &TransferPanel::onEnter);
     connect(clear, &QPushButton::clicked, this, &TransferPanel::onClear);
     connect(m_errorButton, &QPushButton::clicked, this, &TransferPanel::hideError);
@@ -95,11 +93,6 @@ TransferPanel::TransferPanel(Interaction &interaction, QWidget *parent)
     form->addWidget(m_memo, 4, 1, 1, 3);
     form->setColumnStretch(1, 1);
     form->setColumnStretch(3, 1);
-    auto *prompt = new QHBoxLayout;
-    prompt->addWidget(m_checkPrompt);
-    prompt->addWidget(m_checkNumber);
-    prompt->addWidget(m_checkOk);
-    prompt->addStretch();
     auto *buttons = new QHBoxLayout;
     buttons->addWidget(m_error, 1);
     buttons->addWidget(m_errorButton);
@@ -109,7 +102,7 @@ TransferPanel::TransferPanel(Interaction &interaction, QWidget *parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_title);
     layout->addLayout(form);
-    layout->addLayout(prompt);
+    layout->addWidget(m_checkNumbers);
     layout->addLayout(buttons);
     layout->addStretch();
     onClear();
@@ -151,10 +144,7 @@ void TransferPanel::onFromChosen()
     m_type->setCurrentIndex(m_type->findText(AccountKinds::isCard(from.Type.text())
                                                  ? QStringLiteral("Charge")
                                                  : QStringLiteral("Withdrawal")));
-    m_checkPending = false;
-    m_checkPrompt->hide();
-    m_checkNumber->hide();
-    m_checkOk->hide();
+    m_checkNumbers->reset();
     rebuildDescription();
 }
 
@@ -170,74 +160,7 @@ void TransferPanel::onTypeChosen(int index)
 {
     const QString text = m_type->itemText(index);
     const BankAcctRecord from = AccountBook(m_files).read(m_from->currentData().toInt());
-    m_checkPending = false;
-    m_checkPrompt->hide();
-    m_checkNumber->hide();
-    m_checkOk->hide();
-    auto prompt = [this](const QString &caption) {
-        m_checkNumber->clear();
-        m_checkPrompt->setText(caption);
-        for (QWidget *w :
-             {static_cast<QWidget *>(m_checkPrompt), static_cast<QWidget *>(m_checkNumber),
-              static_cast<QWidget *>(m_checkOk)})
-            w->show();
-        m_checkPending = true;
-    };
-    const auto taken
-        = [this](std::int64_t n) { return CheckNumbers::isDuplicate(fromRegister(), n); };
-    const CheckNumbers::TypeChoice choice
-        = CheckNumbers::chooseType(text, from.NextCheckNum, taken);
-    switch (choice.step) {
-    case CheckNumbers::TypeChoice::Step::Prompt:
-        prompt(choice.prompt);
-        break;
-    case CheckNumbers::TypeChoice::Step::TooLarge:
-        m_interaction.message(CheckNumbers::TooLargeText, CheckNumbers::TooLargeTitle,
-                              Interaction::Icon::Exclamation);
-        break;
-    case CheckNumbers::TypeChoice::Step::Offered:
-    case CheckNumbers::TypeChoice::Step::Duplicate:
-        m_type->setCurrentIndex(-1);
-        m_type->setEditText(choice.typeText);
-        if (choice.step == CheckNumbers::TypeChoice::Step::Duplicate) {
-            m_interaction.beep();
-            m_checkPrompt->setText(CheckNumbers::Duplicate);
-            m_checkPrompt->show();
-            m_checkPending = true;
-        }
-        break;
-    case CheckNumbers::TypeChoice::Step::None:
-        break;
-    }
-}
-
-void TransferPanel::onCheckNumberEntered()
-{
-    const auto taken
-        = [this](std::int64_t n) { return CheckNumbers::isDuplicate(fromRegister(), n); };
-    const CheckNumbers::TypedNumber result
-        = CheckNumbers::acceptTyped(m_checkNumber->text(), taken);
-    switch (result.outcome) {
-    case CheckNumbers::TypedNumber::Outcome::NotNumber:
-        m_interaction.beep();
-        return;
-    case CheckNumbers::TypedNumber::Outcome::TooLarge:
-        m_interaction.message(CheckNumbers::TooLargeText, CheckNumbers::TooLargeTitle,
-                              Interaction::Icon::Exclamation);
-        return;
-    case CheckNumbers::TypedNumber::Outcome::Duplicate:
-        m_interaction.beep();
-        m_checkPrompt->setText(CheckNumbers::Duplicate);
-        return;
-    case CheckNumbers::TypedNumber::Outcome::Accepted:
-        break;
-    }
-    m_checkPrompt->hide();
-    m_checkNumber->hide();
-    m_checkOk->hide();
-    m_type->setCurrentIndex(-1);
-    m_type->setEditText(CheckNumbers::typedText(QString::number(result.number)));
-    m_checkPending = false;
+    m_checkNumbers->typeChosen(text, from.NextCheckNum);
 }
 
 TransferService::Request TransferPanel::request() const
@@ -275,7 +198,7 @@ void TransferPanel::hideError()
 
 void TransferPanel::onEnter()
 {
-    if (m_checkPending) {
+    if (m_checkNumbers->pending()) {
         m_interaction.beep();
         return;
     }

@@ -9,6 +9,7 @@
 
 #include <QWidget>
 
+class CheckNumberPrompt;
 class DateBox;
 class Interaction;
 class QComboBox;
@@ -38,7 +39,6 @@ Q_SIGNALS:
 private:
     void onFromChosen();
     void onTypeChosen(int index);
-    void onCheckNumberEntered();
     void onEnter();
     void onClear();
     void rebuildDescription();
@@ -49,7 +49,6 @@ private:
 
     Interaction &m_interaction;
     DataFiles m_files;
-    bool m_checkPending = false;
     int m_changeBankNum = 0; // the transfer being changed: its from account
     int m_changeRecord = 0;  // and its from record
     Currency m_oldFromAmount;
@@ -70,7 +69,5 @@ private:
     QLabel *m_error;
     QPushButton *m_errorButton;
     QPushButton *m_enter;
-    QLineEdit *m_checkNumber;
-    QLabel *m_checkPrompt;
-    QPushButton *m_checkOk;
+    CheckNumberPrompt *m_checkNumbers;
 };
