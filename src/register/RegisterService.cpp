@@ -10,7 +10,6 @@
 #include "register/AccountPosting.h"
 #include "register/RegisterRefusals.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 #include <utility>
@@ -64,7 +63,7 @@ RegisterService::Result RegisterService::write(int bankNum, int recordNumber, Tr
     if (!QFileInfo::exists(path)) {
         // Removed behind the program's back: start it again, empty, and say so
         // rather than quietly writing a register that begins with this entry.
-        QFile(path).open(QIODevice::WriteOnly);
+        RecordFile<TransRecord>(path).open();
         return refuse(RegisterRefusals::recreated(account.BankName.text()),
                       RegisterRefusals::MissingTitle);
     }
