@@ -2,23 +2,21 @@
 
 #include "accounts/AccountBook.h"
 #include "budget/BudgetBook.h"
-#include "budget/BudgetCheck.h"
 #include "core/Clock.h"
 #include "core/EntryChecks.h"
 #include "core/Interaction.h"
 #include "records/AccountKinds.h"
 #include "records/BudgetRecord.h"
-#include "records/RecordFile.h"
 #include "records/TransactionClasses.h"
 #include "records/TransactionTemplate.h"
 #include "records/TransactionTypes.h"
-#include "register/CardPayments.h"
 #include "register/CheckNumberPrompt.h"
 #include "register/CheckNumbers.h"
 #include "register/EntryRow.h"
 #include "register/LinkedRecords.h"
 #include "register/LinkedVoid.h"
 #include "register/PayeeBook.h"
+#include "register/RegisterEntry.h"
 #include "register/RegisterModel.h"
 #include "register/RegisterRefusals.h"
 #include "register/RegisterService.h"
@@ -259,16 +257,6 @@ EntryRules::Input RegisterPanel::input() const
     return in;
 }
 
-int RegisterPanel::cardBudNum() const
-{
-    if (!isCard(m_account))
-        return 0;
-    for (const BudgetRecord &c : RecordFile<BudgetRecord>(m_files.budget()).readAll())
-        if (!c.isDeleted() && c.CCBankRecnum == m_account.BankNum)
-            return c.BudNum;
-    return 0;
-}
-
 void RegisterPanel::showError(const QString &text)
 {
     ShowEntryError(m_entry->error, text, m_interaction);
@@ -324,72 +312,40 @@ void RegisterPanel::onEnter()
 
 void RegisterPanel::enterTransaction()
 {
-    const EntryRules::Input in = input();
-    const QString kind = m_account.Type.text().trimmed();
-    // The card's side of a payment keeps its type: it is checked as a credit.
-    const bool cardSide = m_mode == 1 && LinkedRecords::isPayment(m_loaded)
-                          && m_loaded.TransClass.is(TransactionClasses::PayCard);
-    EntryRules::Input checked = in;
-    if (cardSide)
-        checked.typeText = QStringLiteral("Credit");
-    if (const auto refusal = EntryRules::validate(kind, checked)) {
-        if (refusal->where == EntryRules::Refusal::Where::Label)
-            showError(refusal->text);
-        else
-            m_interaction.message(refusal->text, refusal->title);
+    EntryRequest request;
+    request.entry = input();
+    if (request.entry.cardIndex > 0) {
+        request.cardBankNum = m_entry->card->currentData().toInt();
+        request.cardName = m_entry->card->currentText();
+    }
+    if (m_mode == 1) {
+        request.recordNumber = m_recordNumber;
+        request.loaded = m_loaded;
+        request.oldAmount = m_oldAmount;
+        request.oldBudNum = m_oldBudNum;
+        request.oldAmountApplies = m_oldAmountApplies;
+    }
+    Confirmations confirmations(m_interaction, [this](const QString &text) { showError(text); });
+    const RegisterEntry::Outcome outcome
+        = RegisterEntry(m_files, m_account).enter(request, confirmations);
+    switch (outcome.result) {
+    case RegisterEntry::Outcome::Result::Cancelled:
         return;
-    }
-    const bool change = m_mode == 1;
-    const TransRecord record = EntryRules::fillRecord(
-        change ? m_loaded : TransactionTemplate::blank(), checked, m_account, cardBudNum());
-
-    // Once a budget is set up, the category's warning comes first, then the account's.
-    BudgetBook budget(m_files);
-    if (budget.totals().monthly > Currency()) {
-        BudgetCheck::Input check;
-        check.amountText = in.amountText;
-        check.typeText = m_entry->type->currentText();
-        check.budgetIndex = in.budgetIndex;
-        check.budNum = in.budNum;
-        check.budName = in.budName;
-        check.cardIndex = in.cardIndex;
-        if (in.cardIndex > 0) {
-            check.cardBudNum = budget.cardCategory(m_entry->card->currentData().toInt());
-            check.cardName = m_entry->card->currentText();
-        }
-        check.mode = m_mode;
-        check.tranno = m_loaded.Tranno;
-        check.oldTransAmount = m_oldAmount;
-        check.oldBudNum = m_oldBudNum;
-        check.oldAmountApplies = m_oldAmountApplies;
-        const BudgetCheck::Result result = BudgetCheck::budgetcheck(m_files, check);
-        if (result.warning) {
-            m_interaction.beep();
-            if (m_interaction.fund(BudgetCheck::Title, *result.warning) == 1)
-                return;
-        }
-    }
-    bool paymentNotice = false;
-    if (!AccountKinds::isCard(kind)) {
-        const auto check = EntryRules::checkAccountBalance(in, m_account.BankName.text(),
-                                                           m_account.Balance, change, m_oldAmount);
-        int cancel = 0;
-        if (check.warning) {
-            m_interaction.beep();
-            cancel = m_interaction.fund(EntryRules::BalanceExceededTitle, *check.warning);
-        }
-        if (check.incorrectPaymentType) {
-            // A notice only: the entry goes ahead, even past a Cancel above.
-            showError(EntryRules::IncorrectPaymentType);
-            paymentNotice = true;
-            cancel = 0;
-        }
-        if (cancel == 1)
+    case RegisterEntry::Outcome::Result::Refused:
+        if (!outcome.messageBox) {
+            showError(outcome.text);
             return;
-    }
-
-    if (!store(in, record))
+        }
+        m_interaction.message(outcome.text, outcome.title, outcome.icon);
+        if (outcome.registerMissing) {
+            endChangeMode();
+            m_model->setRegister({}, 1, isCard(m_account));
+        }
         return;
+    case RegisterEntry::Outcome::Result::Written:
+        break;
+    }
+    m_account = outcome.account;
     Q_EMIT balancesChanged(m_account.BankNum);
     // When the statement-balancing panel is open, the new row joins its list here.
     FillRegisterGrid();
@@ -399,54 +355,8 @@ void RegisterPanel::enterTransaction()
     onClear();
     m_entry->date->setEditText(date);
     // Only this entry's own notice stays: an older error or notice is gone.
-    if (paymentNotice)
+    if (outcome.paymentNotice)
         m_entry->error->setText(EntryRules::IncorrectPaymentType);
-}
-
-bool RegisterPanel::store(const EntryRules::Input &in, const TransRecord &record)
-{
-    const bool change = m_mode == 1;
-    const bool payment = !isCard(m_account) && in.cardIndex > 0;
-    const int bankNum = m_account.BankNum;
-    QString error;
-    QString title;
-    if (change && LinkedRecords::isTransfer(m_loaded)) {
-        error = tr("Change a transfer on the Transfers panel");
-    } else if (change && m_loaded.TransClass.is(TransactionClasses::PayCard)) {
-        const auto r = CardPayments(m_files).changeFromCard(bankNum, m_recordNumber, in.amountText,
-                                                            in.dateText, in.payee, in.memo);
-        error = r.error;
-        title = r.title;
-    } else if (change && (payment != m_loaded.TransClass.is(TransactionClasses::PayBank))) {
-        error = payment ? tr("To make this entry a card payment, void it and enter the payment")
-                        : tr("To make this payment an ordinary entry, void it and enter it again");
-    } else if (payment) {
-        const int card = m_entry->card->currentData().toInt();
-        const auto r = change ? CardPayments(m_files).change(bankNum, m_recordNumber, record, card)
-                              : CardPayments(m_files).add(bankNum, record, card);
-        error = r.error;
-        title = r.title;
-    } else {
-        RegisterService service(m_files);
-        const RegisterService::Result r = change ? service.change(bankNum, m_recordNumber, record)
-                                                 : service.add(bankNum, record);
-        error = r.error;
-        title = r.title;
-    }
-    if (!error.isEmpty() || !title.isEmpty()) {
-        if (title.isEmpty()) {
-            showError(error);
-            return false;
-        }
-        m_interaction.message(error, title, Interaction::Icon::Exclamation);
-        if (title == RegisterRefusals::MissingTitle) {
-            endChangeMode();
-            m_model->setRegister({}, 1, isCard(m_account));
-        }
-        return false;
-    }
-    m_account = AccountBook(m_files).read(bankNum);
-    return true;
 }
 
 void RegisterPanel::onQuickEntry()

@@ -62,16 +62,14 @@ private:
     void onDeletePayee();
     void onCopy();
 
-    // The steps of Enter after the check-number and account checks.
+    // Enter after the check-number and account checks: the entry goes to
+    // RegisterEntry and the panel shows what came of it.
     void enterTransaction();
     void loadForChange(int recordNumber);
     EntryRules::Input input() const;
     void showError(const QString &text);
     void suggestMemo();
-    // Stores the entry (a payment to a card goes to both ledgers).
-    bool store(const EntryRules::Input &in, const TransRecord &record);
     void endChangeMode();
-    int cardBudNum() const;
 
     Interaction &m_interaction;
     DataFiles m_files;

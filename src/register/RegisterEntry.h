@@ -1,0 +1,101 @@
+#pragma once
+
+#include "core/Interaction.h"
+#include "records/BankAcctRecord.h"
+#include "records/Currency.h"
+#include "records/DataFiles.h"
+#include "records/TransRecord.h"
+#include "register/EntryRules.h"
+
+#include <QString>
+
+#include <functional>
+
+// What the entry row holds when Enter or quick entry is pressed, read once
+// from its controls, and the change being made when a register row was loaded.
+struct EntryRequest
+{
+    EntryRules::Input entry;
+    int cardBankNum = 0; // the card chosen in the card list (0: none)
+    QString cardName;
+
+    // A change: the record number and the record loaded from the register
+    // (record number 0: a new entry at the end of the register).
+    int recordNumber = 0;
+    TransRecord loaded;
+    Currency oldAmount;       // OldTransAmount: the loaded record's signed amount
+    int oldBudNum = 0;        // OldBudNum: its category, or its card's for a payment
+    int oldAmountApplies = 0; // OldAmountApplies, as the budget check takes it
+
+    bool isChange() const { return recordNumber > 0; }
+};
+
+// The questions an entry asks before it is written (frmFund, after a beep)
+// and the notice it may give on the way. Both go through the interaction
+// seam; the notice is shown by whoever owns the entry row.
+class Confirmations
+{
+public:
+    using Notice = std::function<void(const QString &text)>;
+    Confirmations(Interaction &interaction, Notice notice);
+    virtual ~Confirmations() = default;
+
+    // True for Continue, false for Cancel or closing the window.
+    virtual bool goOn(const QString &title, const QString &text);
+    // A notice that does not stop the entry.
+    virtual void notice(const QString &text);
+
+private:
+    Interaction &m_interaction;
+    Notice m_notice;
+};
+
+// The one way an entry gets into a register, for the register's Enter and
+// quick entry and for every later caller: validation, the budget check, the
+// account's balance check with its payment-type notice, in that order; then
+// the write to the register, to both ledgers of a card payment, or a refusal.
+class RegisterEntry
+{
+public:
+    RegisterEntry(DataFiles files, BankAcctRecord account);
+
+    struct Outcome
+    {
+        enum class Result { Written, Cancelled, Refused };
+        Result result = Result::Refused;
+
+        // Refused: shown in the error label, or in a message box with `title`
+        // and `icon`.
+        bool messageBox = false;
+        QString text;
+        QString title;
+        Interaction::Icon icon = Interaction::Icon::None;
+        // The register's file was gone and has been started again, empty.
+        bool registerMissing = false;
+
+        // Written: what changed, for the views to refresh.
+        int recordNumber = 0;       // the entry's record in this register
+        bool appended = false;      // a new record after the last one
+        int otherBankNum = 0;       // a card payment: the card's register changed too
+        bool paymentNotice = false; // the payment-type notice was given
+        BankAcctRecord account;     // the account as stored now
+
+        bool written() const { return result == Result::Written; }
+    };
+
+    Outcome enter(const EntryRequest &request, Confirmations &confirmations) const;
+
+    inline static const QString TransferElsewhere
+        = QStringLiteral("Change a transfer on the Transfers panel");
+    inline static const QString VoidToPay
+        = QStringLiteral("To make this entry a card payment, void it and enter the payment");
+    inline static const QString VoidToUnpay
+        = QStringLiteral("To make this payment an ordinary entry, void it and enter it again");
+
+private:
+    Outcome store(const EntryRequest &request, const TransRecord &record) const;
+    int cardBudNum() const;
+
+    DataFiles m_files;
+    BankAcctRecord m_account;
+};
