@@ -16,12 +16,16 @@
 #include "register/RegisterService.h"
 #include "transfers/TransferService.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QHash>
 
 #include <algorithm>
 #include <utility>
 #include <vector>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace {
 
@@ -184,16 +188,10 @@ private:
     QHash<QString, int> m_categories;
 };
 
-} // namespace
-
-namespace SampleData {
-
-QString ensure(const QString &dataDir)
+// Writes the whole sample set into dataDir (a fresh folder).
+QString build(const QString &dataDir)
 {
     const DataFiles files(dataDir, true);
-    if (QFileInfo::exists(files.accountList()))
-        return QString();
-
     Builder b(files);
     const QDate opened(2026, 8, 1);
     const int checking = b.account(0, "First Community Checking", 2'450'00, true, opened);
@@ -341,6 +339,68 @@ QString ensure(const QString &dataDir)
         b.payee(joint, "Joint Household Checking", p);
     b.payee(visa, "Travel Visa", "Skyway Airlines");
     return b.error();
+}
+
+// Makes a folder's entries durable.
+void syncFolder(const QString &path)
+{
+    const int fd = ::open(QFile::encodeName(path).constData(), O_RDONLY);
+    if (fd >= 0) {
+        ::fsync(fd);
+        ::close(fd);
+    }
+}
+
+} // namespace
+
+namespace SampleData {
+
+QString ensure(const QString &dataDir)
+{
+    const DataFiles files(dataDir, true);
+    if (QFileInfo::exists(files.accountList()))
+        return QString();
+
+    // The set is written into a fresh folder and moved in with its account list
+    // last: the account list is the mark of a complete set. A start stopped half
+    // way left that folder, or some files without the list; both are replaced
+    // by a set written again from scratch.
+    const QString building = dataDir + QLatin1Char('/') + BuildingFolder;
+    QDir(building).removeRecursively();
+    if (!QDir().mkpath(building))
+        return QStringLiteral("The folder \"%1\" could not be created.").arg(building);
+    if (const QString error = build(building); !error.isEmpty()) {
+        QDir(building).removeRecursively();
+        return error;
+    }
+
+    // A register of the user's own is never replaced by a sample one.
+    QStringList own;
+    if (const auto accounts = AccountBook(DataFiles(dataDir, false)).readAll())
+        for (const BankAcctRecord &a : *accounts)
+            if (!a.isDeleted())
+                own << QFileInfo(DataFiles(dataDir, false).registerFile(a.BankName.text()))
+                           .fileName();
+    const QString list = QFileInfo(files.accountList()).fileName();
+    QStringList names = QDir(building).entryList(QDir::Files);
+    names.removeAll(list);
+    for (const QString &name : names)
+        if (own.contains(name)) {
+            QDir(building).removeRecursively();
+            return QStringLiteral("Your own account already uses the file \"%1\".").arg(name);
+        }
+    names.append(list);
+    for (const QString &name : names) {
+        const QString to = dataDir + QLatin1Char('/') + name;
+        if (name == list)
+            syncFolder(dataDir); // every other file is in place before the mark
+        if ((QFileInfo::exists(to) && !QFile::remove(to))
+            || !QFile::rename(building + QLatin1Char('/') + name, to))
+            return QStringLiteral("\"%1\" could not be moved into the data folder.").arg(name);
+    }
+    syncFolder(dataDir);
+    QDir(building).removeRecursively();
+    return QString();
 }
 
 } // namespace SampleData

@@ -52,15 +52,8 @@ QSize StartForm::screenSize() const
 bool StartForm::start()
 {
     stop();
-    manifestCheck();
-
-    if (!StartupChecks::screenLargeEnough(screenSize())) {
-        m_interaction.message(StartupChecks::SmallScreenText, StartupChecks::SmallScreenTitle,
-                              Interaction::Icon::Exclamation);
-        return false;
-    }
-    const int showTips = TipForm::showTipsSetting();
-
+    // The data folder is taken before anything is shown, so that a second copy
+    // started at any moment of this one's life gives way.
     const QString data = dataDir();
     const QString problem = AppPaths::prepareDataDir(data);
     if (!problem.isEmpty()) {
@@ -76,15 +69,33 @@ bool StartForm::start()
     }
     m_lock = std::move(lock);
 
-    // An operation cut short last time is finished (or dropped) before anything is read.
+    manifestCheck();
+    if (!StartupChecks::screenLargeEnough(screenSize())) {
+        m_interaction.message(StartupChecks::SmallScreenText, StartupChecks::SmallScreenTitle,
+                              Interaction::Icon::Exclamation);
+        stop();
+        return false;
+    }
+    const int showTips = TipForm::showTipsSetting();
+
+    // An operation cut short last time is finished (or undone, or refused and
+    // set aside) before anything is read.
     QString error;
-    if (!UnitOfWork::recover(data, &error)) {
-        m_interaction.message(error + QStringLiteral("\n\nNothing has been changed."),
+    QString notice;
+    if (!UnitOfWork::recover(data, &error, &notice)) {
+        m_interaction.message(error
+                                  + QStringLiteral("\n\nThe journal is kept; Quillmere tries "
+                                                   "again at its next start."),
                               QStringLiteral("Quillmere cannot use its data folder"),
                               Interaction::Icon::Critical);
         stop();
         return false;
     }
+    if (!notice.isEmpty())
+        m_interaction.message(notice, QStringLiteral("Quillmere"), Interaction::Icon::Exclamation);
+    UnitOfWork::setFailureReport([this](const QString &text, const QString &title) {
+        m_interaction.message(text, title, Interaction::Icon::Critical);
+    });
     error = SampleData::ensure(data);
     if (!error.isEmpty())
         m_interaction.message(QStringLiteral("The sample accounts could not be written:\n") + error,
@@ -106,6 +117,7 @@ bool StartForm::start()
 
 void StartForm::stop()
 {
+    UnitOfWork::setFailureReport({});
     if (m_tip && m_tip->isVisible())
         m_tip->done(QDialog::Rejected); // reports the window closed
     m_tip.reset();

@@ -1,10 +1,10 @@
 #include "records/UnitOfWork.h"
 
-#include <QDataStream>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QStorageInfo>
 
 #include <set>
 #include <utility>
@@ -14,23 +14,22 @@
 
 namespace {
 
-constexpr quint32 Magic = 0x514A524E; // "QJRN"
-constexpr quint32 Version = 1;
-
 std::function<void(int)> &stepHook()
 {
     static std::function<void(int)> hook;
     return hook;
 }
 
-quint64 fnv1a(const QByteArray &bytes)
+std::function<bool(int)> &faultHook()
 {
-    quint64 h = 1469598103934665603ULL;
-    for (char c : bytes) {
-        h ^= static_cast<unsigned char>(c);
-        h *= 1099511628211ULL;
-    }
-    return h;
+    static std::function<bool(int)> hook;
+    return hook;
+}
+
+UnitOfWork::FailureReport &failureReport()
+{
+    static UnitOfWork::FailureReport report;
+    return report;
 }
 
 // Makes a file's contents (or a folder's entries) durable.
@@ -50,6 +49,137 @@ void step(int &done)
         stepHook()(done);
 }
 
+// Every change a commit or a recovery makes to the data files, in one place so
+// that each can fail (for real or through the fault hook) and say why.
+class FileChanges
+{
+public:
+    explicit FileChanges(QString dataDir) : m_dir(std::move(dataDir)) {}
+
+    QString path(const QString &name) const { return m_dir + QLatin1Char('/') + name; }
+    bool exists(const QString &name) const { return QFileInfo::exists(path(name)); }
+    qint64 size(const QString &name) const { return QFileInfo(path(name)).size(); }
+
+    bool rename(const QString &from, const QString &to)
+    {
+        if (faulted() || !QFile::rename(path(from), path(to)))
+            return failed(from, QStringLiteral("it could not be renamed to \"%1\"").arg(to));
+        m_touched.insert(path(to));
+        return true;
+    }
+    bool write(const QString &name, qint64 offset, const QByteArray &bytes)
+    {
+        QFile f(path(name));
+        const bool fault = faulted();
+        if (!f.open(QIODevice::ReadWrite) || !f.seek(offset))
+            return failed(name, f.errorString());
+        if (fault) {
+            f.write(bytes.left(bytes.size() / 2));
+            return failed(name, QStringLiteral("No space left on device"));
+        }
+        if (f.write(bytes) != bytes.size() || !f.flush())
+            return failed(name, f.errorString());
+        m_touched.insert(path(name));
+        return true;
+    }
+    bool resize(const QString &name, qint64 size)
+    {
+        if (faulted() || !QFile::resize(path(name), size))
+            return failed(name, QStringLiteral("its length could not be put back"));
+        m_touched.insert(path(name));
+        return true;
+    }
+    bool remove(const QString &name)
+    {
+        if (faulted() || !QFile::remove(path(name)))
+            return failed(name, QStringLiteral("it could not be removed"));
+        return true;
+    }
+
+    // Makes every change so far durable, names included.
+    void sync()
+    {
+        for (const QString &p : m_touched)
+            syncPath(p);
+        m_touched.clear();
+        syncPath(m_dir);
+    }
+
+    // The first failure: which file, and why.
+    const QString &failedFile() const { return m_failedFile; }
+    const QString &reason() const { return m_reason; }
+
+private:
+    bool faulted()
+    {
+        ++m_changes;
+        return faultHook() && faultHook()(m_changes);
+    }
+    bool failed(const QString &name, const QString &reason)
+    {
+        if (m_failedFile.isEmpty()) {
+            m_failedFile = name;
+            m_reason = reason;
+        }
+        return false;
+    }
+
+    QString m_dir;
+    int m_changes = 0;
+    std::set<QString> m_touched;
+    QString m_failedFile;
+    QString m_reason;
+};
+
+// Applies a journal. Every step can be repeated: a rename already done leaves
+// only the new name, and a write puts the same bytes in the same place.
+bool applyForward(FileChanges &files, const Journal &j)
+{
+    int done = 0;
+    for (const Journal::Rename &r : j.renames) {
+        if (files.exists(r.from) && !files.exists(r.to) && !files.rename(r.from, r.to))
+            return false;
+        step(done);
+    }
+    for (const Journal::Write &w : j.writes) {
+        if (!files.write(w.file, w.offset, w.bytes))
+            return false;
+        step(done);
+    }
+    files.sync();
+    return true;
+}
+
+// Puts every file back as it was before the journal's unit, whatever part of
+// it was applied. Goes on past a failure so that as little as possible stays
+// changed; returns false when anything could not be put back.
+bool applyBackward(FileChanges &files, const Journal &j)
+{
+    bool ok = true;
+    for (auto w = j.writes.rbegin(); w != j.writes.rend(); ++w)
+        if (!w->oldBytes.isEmpty() && files.exists(w->file))
+            ok = files.write(w->file, w->offset, w->oldBytes) && ok;
+    for (const Journal::FileBefore &f : j.before) {
+        if (!files.exists(f.file))
+            continue;
+        if (f.size < 0)
+            ok = files.remove(f.file) && ok;
+        else if (files.size(f.file) != f.size)
+            ok = files.resize(f.file, f.size) && ok;
+    }
+    for (auto r = j.renames.rbegin(); r != j.renames.rend(); ++r)
+        if (files.exists(r->to) && !files.exists(r->from))
+            ok = files.rename(r->to, r->from) && ok;
+    files.sync();
+    return ok;
+}
+
+QString failureLine(const FileChanges &files)
+{
+    return QStringLiteral("\"%1\" could not be written (%2)")
+        .arg(files.failedFile(), files.reason());
+}
+
 } // namespace
 
 UnitOfWork::UnitOfWork(QString dataDir) : m_dataDir(std::move(dataDir)) {}
@@ -62,6 +192,16 @@ QString UnitOfWork::journalPath(const QString &dataDir)
 void UnitOfWork::setStepHook(std::function<void(int)> hook)
 {
     stepHook() = std::move(hook);
+}
+
+void UnitOfWork::setFaultHook(std::function<bool(int)> hook)
+{
+    faultHook() = std::move(hook);
+}
+
+void UnitOfWork::setFailureReport(FailureReport report)
+{
+    failureReport() = std::move(report);
 }
 
 QString UnitOfWork::fileName(const QString &path) const
@@ -124,67 +264,48 @@ QByteArray UnitOfWork::read(const QString &path, int recordLength, int n) const
     return file.read(n);
 }
 
-QByteArray UnitOfWork::serialize(const std::vector<Rename> &renames,
-                                 const std::vector<Write> &writes)
+QString UnitOfWork::onDisk(const QString &name) const
 {
-    QByteArray body;
-    QDataStream out(&body, QIODevice::WriteOnly);
-    out.setByteOrder(QDataStream::LittleEndian);
-    out << Magic << Version << quint32(renames.size()) << quint32(writes.size());
-    for (const Rename &r : renames)
-        out << r.from << r.to;
-    for (const Write &w : writes)
-        out << w.file << w.offset << w.bytes;
-    QByteArray all = body;
-    QDataStream tail(&all, QIODevice::Append);
-    tail.setByteOrder(QDataStream::LittleEndian);
-    tail << fnv1a(body);
-    return all;
+    for (const Rename &r : m_renames)
+        if (r.to == name)
+            return r.from;
+    return name;
 }
 
-bool UnitOfWork::apply(const QString &dataDir, const std::vector<Rename> &renames,
-                       const std::vector<Write> &writes, QString *error)
+void UnitOfWork::fail(const QString &line, const QString &story)
 {
-    int done = 0;
-    for (const Rename &r : renames) {
-        const QString from = dataDir + QLatin1Char('/') + r.from;
-        const QString to = dataDir + QLatin1Char('/') + r.to;
-        // Repeatable: a rename already done leaves only the new name.
-        if (QFileInfo::exists(from) && !QFileInfo::exists(to)) {
-            if (!QFile::rename(from, to)) {
-                if (error)
-                    *error = QStringLiteral("Could not rename \"%1\" to \"%2\".").arg(r.from, r.to);
-                return false;
-            }
-        }
-        step(done);
-    }
-    if (!renames.empty())
-        syncPath(dataDir);
+    m_error = line;
+    if (failureReport())
+        failureReport()(line + QStringLiteral("\n\n") + story, FailureTitle);
+}
 
-    std::set<QString> touched;
-    bool created = false;
-    for (const Write &w : writes) {
-        const QString path = dataDir + QLatin1Char('/') + w.file;
-        created = created || !QFileInfo::exists(path);
+// Why this unit cannot be written (empty when it can): a file the program may
+// not touch, a file that refuses to be opened for writing, or too little room.
+QString UnitOfWork::checkWritable() const
+{
+    std::set<QString> names;
+    for (const Rename &r : m_renames)
+        names.insert(r.from), names.insert(r.to);
+    for (const Write &w : m_writes)
+        names.insert(w.file);
+    qint64 growth = 0;
+    for (const QString &name : names) {
+        if (const QString problem = Journal::problemWithName(name); !problem.isEmpty())
+            return problem;
+        const QString path = m_dataDir + QLatin1Char('/') + onDisk(name);
+        if (!QFileInfo::exists(path))
+            continue;
         QFile f(path);
-        if (!f.open(QIODevice::ReadWrite) || !f.seek(w.offset)
-            || f.write(w.bytes) != w.bytes.size()) {
-            if (error)
-                *error = QStringLiteral("Could not write \"%1\": %2").arg(w.file, f.errorString());
-            return false;
-        }
-        f.flush();
-        f.close();
-        touched.insert(path);
-        step(done);
+        if (!f.open(QIODevice::ReadWrite))
+            return QStringLiteral("\"%1\" cannot be written (%2)")
+                .arg(onDisk(name), f.errorString());
     }
-    for (const QString &path : touched)
-        syncPath(path);
-    // A new file's name must be as durable as its contents.
-    if (created)
-        syncPath(dataDir);
-    return true;
+    for (const Write &w : m_writes)
+        growth += 2 * w.bytes.size(); // the journal's copy and the file's
+    const QStorageInfo disk(m_dataDir);
+    if (disk.isValid() && disk.bytesAvailable() >= 0 && disk.bytesAvailable() < growth + 65536)
+        return QStringLiteral("the disk that holds the data folder is full");
+    return QString();
 }
 
 bool UnitOfWork::commit()
@@ -192,19 +313,52 @@ bool UnitOfWork::commit()
     if (isEmpty())
         return true;
     const QString journal = journalPath(m_dataDir);
+    const QString unchanged = QStringLiteral("Your data is as it was before this change. Check "
+                                             "that the data folder and its files can be written "
+                                             "and that the disk has room, then try again.");
+    // An earlier unit that could not be finished nor undone comes first: its
+    // journal must not be overwritten.
+    if (QFileInfo::exists(journal)) {
+        QString error;
+        QString notice;
+        if (!recover(m_dataDir, &error, &notice)) {
+            fail(QStringLiteral("Not saved: an earlier change is still unfinished."),
+                 error + QStringLiteral("\n\n") + unchanged);
+            return false;
+        }
+        if (!notice.isEmpty() && failureReport())
+            failureReport()(notice, FailureTitle);
+    }
+    if (const QString problem = checkWritable(); !problem.isEmpty()) {
+        fail(QStringLiteral("Not saved: %1.").arg(problem), unchanged);
+        return false;
+    }
+
+    Journal j;
+    j.renames.reserve(m_renames.size());
+    for (const Rename &r : m_renames)
+        j.renames.push_back({r.from, r.to});
+    std::set<QString> files;
+    for (const Write &w : m_writes)
+        if (files.insert(w.file).second) {
+            const QFileInfo info(m_dataDir + QLatin1Char('/') + onDisk(w.file));
+            j.before.push_back({w.file, info.exists() ? info.size() : -1});
+        }
+    for (const Write &w : m_writes) {
+        QByteArray old;
+        QFile f(m_dataDir + QLatin1Char('/') + onDisk(w.file));
+        if (f.open(QIODevice::ReadOnly) && f.seek(w.offset))
+            old = f.read(w.bytes.size());
+        j.writes.push_back({w.file, w.offset, w.bytes, old});
+    }
     {
         // QSaveFile writes a temporary file and renames it over the journal only
         // once everything is flushed: that rename is the moment of commit.
         QSaveFile save(journal);
-        if (!save.open(QIODevice::WriteOnly)) {
-            m_error
-                = QStringLiteral("Could not write to the data folder: %1").arg(save.errorString());
-            return false;
-        }
-        save.write(serialize(m_renames, m_writes));
-        if (!save.commit()) {
-            m_error
-                = QStringLiteral("Could not write to the data folder: %1").arg(save.errorString());
+        if (!save.open(QIODevice::WriteOnly) || save.write(j.serialize()) < 0 || !save.commit()) {
+            fail(QStringLiteral("Not saved: the data folder could not be written (%1).")
+                     .arg(save.errorString()),
+                 unchanged);
             return false;
         }
     }
@@ -213,15 +367,48 @@ bool UnitOfWork::commit()
     syncPath(m_dataDir);
     if (stepHook())
         stepHook()(0);
-    if (!apply(m_dataDir, m_renames, m_writes, &m_error))
-        return false; // the journal stays; the next start finishes the job
+    FileChanges changes(m_dataDir);
+    if (!applyForward(changes, j)) {
+        const QString line = failureLine(changes);
+        if (!applyBackward(changes, j)) {
+            // The journal stays: the next commit or start finishes or undoes it.
+            fail(QStringLiteral("Not finished: %1.").arg(line),
+                 QStringLiteral("Putting back what had been written failed too. Quillmere "
+                                "keeps the change in its journal and finishes it (or puts "
+                                "everything back) before it saves anything else, and at its "
+                                "next start. Check that the data folder and its files can be "
+                                "written and that the disk has room."));
+            return false;
+        }
+        QFile::remove(journal);
+        syncPath(m_dataDir);
+        fail(QStringLiteral("Not saved: %1.").arg(line),
+             QStringLiteral("What had been written was put back. ") + unchanged);
+        return false;
+    }
     QFile::remove(journal);
     m_writes.clear();
     m_renames.clear();
     return true;
 }
 
-bool UnitOfWork::recover(const QString &dataDir, QString *error)
+namespace {
+
+// Keeps a refused journal under a name of its own, the first one free.
+QString setAside(const QString &dataDir, const QString &journal)
+{
+    for (int n = 1; n < 1000; ++n) {
+        const QString name = QStringLiteral("Quillmere.journal-refused-%1").arg(n);
+        if (QFileInfo::exists(dataDir + QLatin1Char('/') + name))
+            continue;
+        return QFile::rename(journal, dataDir + QLatin1Char('/') + name) ? name : QString();
+    }
+    return QString();
+}
+
+} // namespace
+
+bool UnitOfWork::recover(const QString &dataDir, QString *error, QString *notice)
 {
     const QString journal = journalPath(dataDir);
     // Left-overs of a journal that was being written when the program stopped.
@@ -239,35 +426,47 @@ bool UnitOfWork::recover(const QString &dataDir, QString *error)
     }
     const QByteArray all = f.readAll();
     f.close();
-    bool valid = all.size() > 8;
-    std::vector<Rename> renames;
-    std::vector<Write> writes;
-    if (valid) {
-        const QByteArray body = all.left(all.size() - 8);
-        QDataStream tailIn(all.right(8));
-        tailIn.setByteOrder(QDataStream::LittleEndian);
-        quint64 sum = 0;
-        tailIn >> sum;
-        QDataStream in(body);
-        in.setByteOrder(QDataStream::LittleEndian);
-        quint32 magic = 0, version = 0, nRenames = 0, nWrites = 0;
-        in >> magic >> version >> nRenames >> nWrites;
-        valid = sum == fnv1a(body) && magic == Magic && version == Version;
-        for (quint32 i = 0; valid && i < nRenames; ++i) {
-            Rename r;
-            in >> r.from >> r.to;
-            renames.push_back(r);
+    Journal j;
+    QString why;
+    switch (Journal::parse(all, &j, &why)) {
+    case Journal::Parsed::Damaged:
+        // A journal that does not check out was never committed: the data
+        // files were not touched, so it is simply dropped.
+        return QFile::remove(journal);
+    case Journal::Parsed::Refused: {
+        const QString kept = setAside(dataDir, journal);
+        if (kept.isEmpty()) {
+            if (error)
+                *error = QStringLiteral("The journal names a file outside the data files (%1) "
+                                        "and could not be set aside.")
+                             .arg(why);
+            return false;
         }
-        for (quint32 i = 0; valid && i < nWrites; ++i) {
-            Write w;
-            in >> w.file >> w.offset >> w.bytes;
-            writes.push_back(w);
-        }
-        valid = valid && in.status() == QDataStream::Ok;
+        syncPath(dataDir);
+        if (notice)
+            *notice = QStringLiteral("The journal of an unfinished change was not applied: %1. "
+                                     "No file was changed; the journal has been kept as \"%2\".")
+                          .arg(why, kept);
+        return true;
     }
-    // A journal that does not check out was never committed: the data files
-    // were not touched, so it is simply dropped.
-    if (valid && !apply(dataDir, renames, writes, error))
+    case Journal::Parsed::Valid:
+        break;
+    }
+    FileChanges changes(dataDir);
+    if (applyForward(changes, j))
+        return QFile::remove(journal);
+    const QString line = failureLine(changes);
+    if (!applyBackward(changes, j)) {
+        if (error)
+            *error = QStringLiteral("An unfinished change could not be finished nor undone: %1.")
+                         .arg(line);
         return false;
-    return QFile::remove(journal);
+    }
+    QFile::remove(journal);
+    syncPath(dataDir);
+    if (notice)
+        *notice = QStringLiteral("An unfinished change could not be finished: %1. It has been "
+                                 "undone; your data is as it was before it.")
+                      .arg(line);
+    return true;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/Journal.h"
 #include "records/RawRecordFile.h"
 
 #include <QByteArray>
@@ -17,6 +18,13 @@
 // that rename leaves the data files untouched and the half-written journal is
 // discarded at the next start; a process killed after it has its journal
 // replayed at the next start (every step can be repeated safely).
+//
+// A data file that refuses a write (made read-only, the disk full) never
+// leaves half an operation either: every file is checked before the journal is
+// written, and when a write fails after that, what was applied is put back
+// from the old bytes the journal keeps. Only when putting back fails too does
+// the journal stay, for the next commit or start to finish. Every such failure
+// is reported through the failure report.
 //
 // All files of a unit live in the data folder. Renames are applied before the
 // writes, so writes name files by the names they have after the renames.
@@ -53,20 +61,36 @@ public:
     }
 
     bool isEmpty() const { return m_writes.empty() && m_renames.empty(); }
-    // Makes everything durable. Returns false with error() set when nothing was
-    // changed (the journal could not be written).
+    // Makes everything durable. Returns false with error() set (one line, for
+    // the panel) when the data files are as they were before, or in the rare
+    // case that they could not be put back, with the journal kept to finish
+    // them. The failure report has the whole story.
     bool commit();
     const QString &error() const { return m_error; }
 
-    // Finishes or discards what an interrupted commit left behind. Run once at
-    // start-up before any data file is read. Returns false when a journal
-    // exists but cannot be applied (the folder is read-only, for instance).
-    static bool recover(const QString &dataDir, QString *error = nullptr);
+    // Finishes, undoes or discards what an interrupted or failed commit left
+    // behind. Run once at start-up before any data file is read. Returns false
+    // (with *error) when a journal exists and can be neither finished nor
+    // undone. *notice is set when the user should hear of what was done: a
+    // journal refused and kept aside, or a change undone.
+    static bool recover(const QString &dataDir, QString *error = nullptr,
+                        QString *notice = nullptr);
     static QString journalPath(const QString &dataDir);
+
+    // Called with the text (and title) of a message box for the user whenever
+    // a commit fails; the program shows it through its interaction seam.
+    using FailureReport = std::function<void(const QString &text, const QString &title)>;
+    static void setFailureReport(FailureReport report);
+    static inline const QString FailureTitle = QStringLiteral("Not Saved");
 
     // Called after each data-file step of a commit with the number of steps
     // done; tests use it to stop a commit half way.
     static void setStepHook(std::function<void(int)> hook);
+    // Called before each change to a data file made by a commit or a recovery
+    // (rename, record write, size change, removal), numbered from 1; when it
+    // returns true that change fails the way a full disk makes it fail (a
+    // write leaves half its bytes). Tests use it to fail the n-th write.
+    static void setFaultHook(std::function<bool(int)> hook);
 
     template<typename R> static QByteArray encoded(const R &r)
     {
@@ -89,10 +113,9 @@ private:
     };
 
     QString fileName(const QString &path) const;
-    static QByteArray serialize(const std::vector<Rename> &renames,
-                                const std::vector<Write> &writes);
-    static bool apply(const QString &dataDir, const std::vector<Rename> &renames,
-                      const std::vector<Write> &writes, QString *error);
+    QString onDisk(const QString &name) const;
+    QString checkWritable() const;
+    void fail(const QString &line, const QString &story);
 
     QString m_dataDir;
     std::vector<Write> m_writes;

@@ -5,6 +5,7 @@
 #include "app/StartupChecks.h"
 #include "records/RecordFile.h"
 #include "records/TransRecord.h"
+#include "records/UnitOfWork.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -94,6 +95,76 @@ private Q_SLOTS:
             QVERIFY2(n >= 1, qPrintable(acct.BankName.text()));
             QCOMPARE(acct.Balance, sum);
         }
+    }
+
+    // Stopped anywhere while it is written, the sample set is either not there
+    // at all or, at the next start, written again whole: never a part of it.
+    void stoppedSampleSetIsWrittenAgainWhole()
+    {
+        QTemporaryDir ref;
+        QCOMPARE(SampleData::ensure(ref.path()), QString());
+        const auto whole = folderSnapshot(ref.path());
+
+        struct Stopped
+        {
+        };
+        int commits = 0;
+        UnitOfWork::setStepHook([&commits](int step) {
+            if (step == 0)
+                ++commits;
+        });
+        QTemporaryDir count;
+        QCOMPARE(SampleData::ensure(count.path()), QString());
+        const int all = commits;
+        QVERIFY(all > 50);
+
+        for (int stopAt : {1, all / 2, all}) {
+            for (int step : {0, 1}) {
+                const QString at = QStringLiteral("operation %1 step %2").arg(stopAt).arg(step);
+                QTemporaryDir dir;
+                commits = 0;
+                UnitOfWork::setStepHook([&commits, stopAt, step](int done) {
+                    commits += done == 0 ? 1 : 0;
+                    if (commits == stopAt && done == step)
+                        throw Stopped{};
+                });
+                bool stopped = false;
+                try {
+                    SampleData::ensure(dir.path());
+                } catch (const Stopped &) {
+                    stopped = true;
+                }
+                UnitOfWork::setStepHook({});
+                QVERIFY2(stopped, qPrintable(at));
+                QVERIFY2(!QFileInfo::exists(DataFiles(dir.path(), true).accountList()),
+                         qPrintable(at));
+                QVERIFY(UnitOfWork::recover(dir.path()));
+                QCOMPARE(SampleData::ensure(dir.path()), QString());
+                QVERIFY2(folderSnapshot(dir.path()) == whole, qPrintable(at));
+                QVERIFY(!QFileInfo::exists(dir.filePath(SampleData::BuildingFolder)));
+            }
+        }
+        UnitOfWork::setStepHook({});
+    }
+
+    // Stopped while the finished set was being moved in: some of its files are
+    // in place, the account list (moved last) is not. The set is written again.
+    void halfMovedSampleSetIsWrittenAgain()
+    {
+        QTemporaryDir ref;
+        QCOMPARE(SampleData::ensure(ref.path()), QString());
+        const auto whole = folderSnapshot(ref.path());
+        QTemporaryDir dir;
+        QVERIFY(QDir().mkpath(dir.filePath(SampleData::BuildingFolder)));
+        writeBytes(dir.filePath(SampleData::BuildingFolder + QStringLiteral("/Sample Budget.Dat")),
+                   "left over");
+        int moved = 0;
+        for (auto it = whole.begin(); it != whole.end(); ++it)
+            if (it.key() != QLatin1String("Sample BankAcctName.Dat") && ++moved % 2 == 0)
+                writeBytes(dir.filePath(it.key()), it.value().left(it.value().size() / 2));
+        QCOMPARE(SampleData::ensure(dir.path()), QString());
+        QVERIFY(folderSnapshot(dir.path()) == whole);
+        QVERIFY(!QFileInfo::exists(dir.filePath(SampleData::BuildingFolder)));
     }
 };
 

@@ -2,6 +2,7 @@
 #include "records/ArchiveRecord.h"
 #include "records/BankAcctRecord.h"
 #include "records/BudgetRecord.h"
+#include "records/Journal.h"
 #include "records/PayeeRecord.h"
 #include "records/RecordFile.h"
 #include "records/TransRecord.h"
@@ -82,6 +83,17 @@ UnitOfWork operation(const QString &dir)
     unit.append(in(dir, "Budget.Dat"), cat);
     unit.append(in(dir, "trans New.Dat"), entry(3, "Refund", 26'00));
     return unit;
+}
+
+// A journal as a tampered one would be: checking out, but naming what it likes.
+QByteArray journalNaming(const QString &file, int length = BankAcctRecord::Size, qint64 offset = 0,
+                         const QString &renameTo = {})
+{
+    Journal j;
+    if (!renameTo.isEmpty())
+        j.renames.push_back({QStringLiteral("Payee.Dat"), renameTo});
+    j.writes.push_back({file, offset, QByteArray(length, 'x'), {}});
+    return j.serialize();
 }
 
 } // namespace
@@ -213,6 +225,131 @@ private Q_SLOTS:
         QVERIFY(UnitOfWork::recover(dir.path()));
         QVERIFY(!QFileInfo::exists(journal));
         QVERIFY(folderSnapshot(dir.path()) == allOld);
+    }
+
+    // Writes failing part way, once or from then on (a full disk), during the
+    // commit or while putting things back: the files end all old, or the
+    // journal stays and recovery makes them all new.
+    void failedWriteNeverLeavesHalf()
+    {
+        QTemporaryDir ref;
+        makeOld(ref.path());
+        const auto allOld = folderSnapshot(ref.path());
+        QVERIFY(operation(ref.path()).commit());
+        const auto allNew = folderSnapshot(ref.path());
+
+        int reports = 0;
+        UnitOfWork::setFailureReport([&reports](const QString &, const QString &) { ++reports; });
+        // One rename and five writes forward; up to eleven changes putting back.
+        for (int n = 1; n <= 17; ++n) {
+            for (int m = n + 1; m <= 18; ++m) {
+                const QString at = QStringLiteral("changes %1 and %2").arg(n).arg(m);
+                QTemporaryDir dir;
+                makeOld(dir.path());
+                UnitOfWork unit = operation(dir.path());
+                UnitOfWork::setFaultHook([n, m](int k) { return k == n || k == m; });
+                reports = 0;
+                const bool committed = unit.commit();
+                UnitOfWork::setFaultHook({});
+                if (n > 6) {
+                    // Nothing failed on the way forward.
+                    QVERIFY2(committed && reports == 0, qPrintable(at));
+                    QVERIFY(folderSnapshot(dir.path()) == allNew);
+                    continue;
+                }
+                QVERIFY2(!committed && reports == 1, qPrintable(at));
+                QVERIFY(unit.error().startsWith(QStringLiteral("Not ")));
+                if (!QFileInfo::exists(UnitOfWork::journalPath(dir.path()))) {
+                    QVERIFY2(folderSnapshot(dir.path()) == allOld, qPrintable(at));
+                    continue;
+                }
+                QVERIFY(UnitOfWork::recover(dir.path()));
+                QVERIFY2(folderSnapshot(dir.path()) == allNew, qPrintable(at));
+            }
+        }
+        UnitOfWork::setFailureReport({});
+    }
+
+    // A journal whose forward writes fail at the next start is undone there
+    // instead, and the user told.
+    void recoveryUndoesWhatItCannotFinish()
+    {
+        QTemporaryDir dir;
+        makeOld(dir.path());
+        const auto allOld = folderSnapshot(dir.path());
+        UnitOfWork unit = operation(dir.path());
+        UnitOfWork::setFaultHook([](int k) { return k >= 3; });
+        QVERIFY(!unit.commit());
+        UnitOfWork::setFaultHook([](int k) { return k == 4; });
+        QString error;
+        QString notice;
+        const bool recovered = UnitOfWork::recover(dir.path(), &error, &notice);
+        UnitOfWork::setFaultHook({});
+        QVERIFY(recovered);
+        QVERIFY(notice.contains(QStringLiteral("undone")));
+        QVERIFY(folderSnapshot(dir.path()) == allOld);
+    }
+
+    // Replay writes only the data files of the data folder, by plain names and
+    // in whole records of their own length; any other journal is refused whole,
+    // kept aside and reported, and nothing is written anywhere.
+    void journalNamingOtherFilesIsRefused_data()
+    {
+        QTest::addColumn<QByteArray>("journal");
+        QTest::addColumn<QString>("named");
+        QTest::newRow("parent folder")
+            << journalNaming(QStringLiteral("../escaped.Dat")) << QStringLiteral("../escaped.Dat");
+        QTest::newRow("two folders up") << journalNaming(QStringLiteral("../../escaped2.Dat"))
+                                        << QStringLiteral("../../escaped2.Dat");
+        QTest::newRow("renamed out")
+            << journalNaming(QStringLiteral("BankAcctName.Dat"), BankAcctRecord::Size, 0,
+                             QStringLiteral("../taken.Dat"))
+            << QStringLiteral("../taken.Dat");
+        QTest::newRow("absolute") << journalNaming(QStringLiteral("/tmp/quill-escaped.Dat"))
+                                  << QStringLiteral("/tmp/quill-escaped.Dat");
+        QTest::newRow("back slash") << journalNaming(QStringLiteral("..\\escaped.Dat"))
+                                    << QStringLiteral("..\\escaped.Dat");
+        QTest::newRow("parent itself")
+            << journalNaming(QStringLiteral("..")) << QStringLiteral("..");
+        QTest::newRow("control character")
+            << journalNaming(QStringLiteral("trans a\nb.Dat"), TransRecord::Size)
+            << QStringLiteral("trans a\\x0ab.Dat");
+        QTest::newRow("not a data file")
+            << journalNaming(QStringLiteral("notes.txt")) << QStringLiteral("notes.txt");
+        QTest::newRow("wrong record length")
+            << journalNaming(QStringLiteral("BankAcctName.Dat"), BankAcctRecord::Size + 1)
+            << QStringLiteral("BankAcctName.Dat");
+        QTest::newRow("between records")
+            << journalNaming(QStringLiteral("Payee.Dat"), PayeeRecord::Size, 7)
+            << QStringLiteral("Payee.Dat");
+    }
+    void journalNamingOtherFilesIsRefused()
+    {
+        QFETCH(QByteArray, journal);
+        QFETCH(QString, named);
+        QTemporaryDir home;
+        const QString dir = home.filePath(QStringLiteral("inner/Data"));
+        QVERIFY(QDir().mkpath(dir));
+        makeOld(dir);
+        const auto before = folderSnapshot(dir);
+        writeBytes(UnitOfWork::journalPath(dir), journal);
+        writeBytes(in(dir, "Quillmere.journal-refused-1"), "an earlier one");
+
+        QString error;
+        QString notice;
+        QVERIFY(UnitOfWork::recover(dir, &error, &notice));
+        QVERIFY2(notice.contains(named), qPrintable(notice));
+        QVERIFY(notice.contains(QStringLiteral("\"Quillmere.journal-refused-2\"")));
+        auto after = folderSnapshot(dir);
+        QCOMPARE(after.take(QStringLiteral("Quillmere.journal-refused-2")), journal);
+        QCOMPARE(after.take(QStringLiteral("Quillmere.journal-refused-1")),
+                 QByteArray("an earlier one"));
+        QVERIFY(after == before);
+        QCOMPARE(QDir(home.filePath(QStringLiteral("inner"))).entryList(QDir::Files), {});
+        QCOMPARE(QDir(home.path()).entryList(QDir::Files), {});
+        QVERIFY(!QFileInfo::exists(QStringLiteral("/tmp/quill-escaped.Dat")));
+        // The next start has nothing to do.
+        QVERIFY(UnitOfWork::recover(dir, &error, &notice));
     }
 
     void leftoverJournalTempFilesAreRemoved()

@@ -1,12 +1,13 @@
 // Whole runs of the program that one script cannot arrange on its own: a copy
-// already running on the data folder, and a run stopped in the middle of
-// writing an operation to disk.
+// already running on the data folder, runs stopped in the middle of writing to
+// disk, and a journal left in the data folder by someone else.
 
 #include "QuillmereRun.h"
 
 #include "records/BankAcctRecord.h"
 #include "records/BudgetRecord.h"
 #include "records/DataFiles.h"
+#include "records/Journal.h"
 #include "records/RecordFile.h"
 #include "records/TransRecord.h"
 #include "records/UnitOfWork.h"
@@ -28,6 +29,10 @@ class TestRuns : public QObject
 
 private Q_SLOTS:
     void secondCopyOnTheSameFolderIsRefused();
+    void secondCopyIsRefusedWhileTheFirstShowsItsFirstMessage();
+    void stoppedFirstStartWritesTheWholeSampleSetNextTime_data();
+    void stoppedFirstStartWritesTheWholeSampleSetNextTime();
+    void journalNamingOutsideFilesIsReportedNotApplied();
     void interruptedAddComesBackComplete_data();
     void interruptedAddComesBackComplete();
 };
@@ -45,7 +50,7 @@ void TestRuns::secondCopyOnTheSameFolderIsRefused()
         = QuillmereRun::run(home.path(), QStringLiteral("# nothing to do\n"));
     QVERIFY(refused.finished);
     QCOMPARE(refused.exitCode, 0);
-    QCOMPARE(refused.out, Manifest + AlreadyRunning);
+    QCOMPARE(refused.out, AlreadyRunning);
     // The copy that gave way wrote nothing into the data folder and left the lock alone.
     QCOMPARE(QDir(data).entryList(QDir::Files | QDir::Hidden),
              QStringList{QStringLiteral("Quillmere.lock")});
@@ -53,6 +58,107 @@ void TestRuns::secondCopyOnTheSameFolderIsRefused()
     // A copy on another home folder runs side by side.
     QCOMPARE(QuillmereRun::run(other.path(), QStringLiteral("show lblTitle\n")).out,
              Manifest + Tip + Title);
+}
+
+void TestRuns::secondCopyIsRefusedWhileTheFirstShowsItsFirstMessage()
+{
+    // The first copy runs as a person starts it and waits on its first-start
+    // message ("Application manifest file missing") until it is stopped.
+    QTemporaryDir home;
+    QTemporaryDir config;
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    env.insert(QStringLiteral("XDG_CONFIG_HOME"), config.path());
+    env.remove(QStringLiteral("QUILLMERE_STOP_AFTER_STEP"));
+    QProcess first;
+    first.setProcessEnvironment(env);
+    first.start(QStringLiteral(QUILLMERE_BINARY),
+                {QStringLiteral("--home"), home.path(), QStringLiteral("--screen"),
+                 QStringLiteral("1024x768")});
+    QVERIFY(first.waitForStarted());
+    const QString manifest = home.filePath(QStringLiteral("quillmere.exe.Manifest"));
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(manifest), 30000);
+    QTest::qWait(300);
+    QCOMPARE(first.state(), QProcess::Running);
+
+    const QuillmereRun second = QuillmereRun::run(home.path(), QStringLiteral("show lblTitle\n"));
+    first.kill();
+    first.waitForFinished();
+    QVERIFY(second.finished);
+    QCOMPARE(second.out, AlreadyRunning);
+}
+
+void TestRuns::stoppedFirstStartWritesTheWholeSampleSetNextTime_data()
+{
+    // The first start writes the sample set, one operation after another; a
+    // run is stopped in the first operation that reaches the given step.
+    QTest::addColumn<int>("stopAfter");
+    for (int step : {0, 1, 3, 4, 6})
+        QTest::newRow(qPrintable(QStringLiteral("step %1").arg(step))) << step;
+}
+
+void TestRuns::stoppedFirstStartWritesTheWholeSampleSetNextTime()
+{
+    QFETCH(int, stopAfter);
+    auto dataFiles = [](const QTemporaryDir &home) {
+        const QString data = home.filePath(QStringLiteral("Data"));
+        QMap<QString, QByteArray> files;
+        for (const QString &name :
+             QDir(data).entryList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden)) {
+            QFile f(data + QLatin1Char('/') + name);
+            if (name != QLatin1String("Quillmere.lock"))
+                files.insert(name, f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("?"));
+        }
+        return files;
+    };
+    const QString script = QStringLiteral("show lblTitle\n");
+    QTemporaryDir whole;
+    QCOMPARE(QuillmereRun::run(whole.path(), script).exitCode, 0);
+    const auto sampleSet = dataFiles(whole);
+    QVERIFY(sampleSet.contains(QStringLiteral("Sample Payee.Dat")));
+
+    QTemporaryDir home;
+    QuillmereRun::Options stopping;
+    stopping.extraEnv.insert(QStringLiteral("QUILLMERE_STOP_AFTER_STEP"),
+                             QString::number(stopAfter));
+    const QuillmereRun stopped = QuillmereRun::run(home.path(), script, stopping);
+    QVERIFY(stopped.finished);
+    QCOMPARE(stopped.exitCode, 70);
+    // Whatever the stopped start left, no sample account list: the set is not there.
+    QVERIFY(!QFile::exists(home.filePath(QStringLiteral("Data/Sample BankAcctName.Dat"))));
+
+    const QuillmereRun next = QuillmereRun::run(home.path(), script);
+    QCOMPARE(next.exitCode, 0);
+    QCOMPARE(next.out, Tip + Title);
+    const auto after = dataFiles(home);
+    QCOMPARE(after.keys(), sampleSet.keys());
+    QVERIFY(after == sampleSet);
+}
+
+void TestRuns::journalNamingOutsideFilesIsReportedNotApplied()
+{
+    QTemporaryDir home;
+    QCOMPARE(QuillmereRun::run(home.path(), QStringLiteral("# first start\n")).exitCode, 0);
+    const QString data = home.filePath(QStringLiteral("Data"));
+    Journal j;
+    j.writes.push_back({QStringLiteral("../escaped.Dat"), 0, QByteArray(63, 'x'), {}});
+    {
+        QFile f(UnitOfWork::journalPath(data));
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write(j.serialize());
+    }
+    const QuillmereRun run = QuillmereRun::run(home.path(), QStringLiteral("show lblTitle\n"));
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.out,
+             QStringLiteral("msgbox title=\"Quillmere\" text=\"The journal of an unfinished "
+                            "change was not applied: \\\"../escaped.Dat\\\" is not a file of "
+                            "the data folder. No file was changed; the journal has been kept as "
+                            "\\\"Quillmere.journal-refused-1\\\".\" icon=exclamation "
+                            "buttons=OK -> OK\n")
+                 + Tip + Title);
+    QVERIFY(!QFile::exists(home.filePath(QStringLiteral("escaped.Dat"))));
+    QVERIFY(QFile::exists(data + QStringLiteral("/Quillmere.journal-refused-1")));
+    QVERIFY(!QFile::exists(UnitOfWork::journalPath(data)));
 }
 
 void TestRuns::interruptedAddComesBackComplete_data()
