@@ -165,6 +165,8 @@ RegisterEntry::Outcome RegisterEntry::store(const EntryRequest &request,
         return out;
     }
     out.result = Outcome::Result::Written;
+    out.record = RecordFile<TransRecord>(m_files.registerFile(m_account.BankName.text()))
+                     .read(out.recordNumber);
     out.account = AccountBook(m_files).read(bankNum);
     return out;
 }

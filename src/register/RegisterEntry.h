@@ -75,6 +75,7 @@ public:
 
         // Written: what changed, for the views to refresh.
         int recordNumber = 0;       // the entry's record in this register
+        TransRecord record;         // that record as stored
         bool appended = false;      // a new record after the last one
         int otherBankNum = 0;       // a card payment: the card's register changed too
         bool paymentNotice = false; // the payment-type notice was given

@@ -27,6 +27,33 @@ void RegisterModel::setRegister(std::vector<TransRecord> records, int firstShown
     endResetModel();
 }
 
+void RegisterModel::appendRecord(const TransRecord &record)
+{
+    const int row = shownCount();
+    beginInsertRows({}, row, row);
+    m_balances.push_back((m_balances.empty() ? Currency() : m_balances.back()) + record.Amount);
+    m_records.push_back(record);
+    m_firstShown = std::min(m_firstShown, int(m_records.size()));
+    endInsertRows();
+}
+
+void RegisterModel::replaceRecord(int n, const TransRecord &record)
+{
+    if (n < 1 || n > int(m_records.size()))
+        return;
+    const Currency by = record.Amount - m_records[n - 1].Amount;
+    m_records[n - 1] = record;
+    if (!by.isZero())
+        for (std::size_t i = std::size_t(n - 1); i < m_balances.size(); ++i)
+            m_balances[i] += by;
+    // Rows before the first listed one are not shown, but the balances of every
+    // listed row after them move.
+    const int from = std::max(0, n - m_firstShown);
+    const int to = by.isZero() ? rowOfRecord(n) : shownCount() - 1;
+    if (to >= from)
+        Q_EMIT dataChanged(index(from, 0), index(to, ColumnCount - 1));
+}
+
 int RegisterModel::shownCount() const
 {
     return std::max(0, int(m_records.size()) - (m_firstShown - 1));

@@ -49,6 +49,14 @@ public:
     // Takes the account's records; `firstShown` is the first record listed.
     void setRegister(std::vector<TransRecord> records, int firstShown, bool creditCard);
 
+    // Keep the model in step with one record written by the register's own
+    // entry, without reading the register again: a record added after the
+    // last one (listed when the view range lists the record before it, or
+    // when the caller has checked its date), or record n rewritten in place
+    // (its row and the running balances after it change).
+    void appendRecord(const TransRecord &record);
+    void replaceRecord(int n, const TransRecord &record);
+
     const std::vector<TransRecord> &records() const { return m_records; }
     int firstShown() const { return m_firstShown; }
     int shownCount() const;

@@ -230,12 +230,48 @@ void RegisterPanel::FillRegisterGrid()
     const int first = ViewRange::firstShown(loaded.records, m_account.ViewFromDate.text());
     // Handed over, not copied: a full register is some 13 MB of records.
     m_model->setRegister(std::move(loaded.records), first, isCard(m_account));
+    showLastRow();
+}
+
+void RegisterPanel::showLastRow()
+{
     const int last = m_model->lastRow();
     if (last >= 0) {
         const QModelIndex index = m_grid->model()->index(last, RegisterModel::Type);
         m_grid->selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
         m_grid->scrollTo(index, QAbstractItemView::PositionAtTop);
     }
+}
+
+bool RegisterPanel::refreshEntered(const RegisterEntry::Outcome &outcome, const TransRecord &before)
+{
+    const std::vector<TransRecord> &records = m_model->records();
+    const int n = outcome.recordNumber;
+    const auto from = EntryChecks::parseDate(m_account.ViewFromDate.text());
+    if (outcome.appended) {
+        // Anything else written to this register since it was listed means
+        // listing it again.
+        if (n != int(records.size()) + 1)
+            return false;
+        // With a date range that lists nothing yet, the entry's date decides.
+        if (from && m_model->shownCount() == 0) {
+            const auto date = EntryChecks::parseDate(outcome.record.Date.text());
+            if (!date || *date < *from)
+                return false;
+        }
+        m_model->appendRecord(outcome.record);
+    } else {
+        if (n < 1 || n > int(records.size()))
+            return false;
+        // A new date can move the start of a date range.
+        if (from && !before.Date.is(outcome.record.Date.text()))
+            return false;
+        m_model->replaceRecord(n, outcome.record);
+    }
+    // As after listing the register: nothing selected, the newest entry in view.
+    m_grid->selectionModel()->clear();
+    showLastRow();
+    return true;
 }
 
 EntryRules::Input RegisterPanel::input() const
@@ -347,8 +383,11 @@ void RegisterPanel::enterTransaction()
     }
     m_account = outcome.account;
     Q_EMIT balancesChanged(m_account.BankNum);
+    // Only the entry's row (and the balances after it) changes: the register
+    // is read again only when that cannot be done safely.
     // When the statement-balancing panel is open, the new row joins its list here.
-    FillRegisterGrid();
+    if (!refreshEntered(outcome, request.loaded))
+        FillRegisterGrid();
 
     // Ready for the next entry: the date stays, the rest starts afresh.
     const QString date = m_entry->date->currentText();

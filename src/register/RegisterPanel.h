@@ -4,6 +4,7 @@
 #include "records/DataFiles.h"
 #include "records/TransRecord.h"
 #include "register/EntryRules.h"
+#include "register/RegisterEntry.h"
 
 #include <QWidget>
 
@@ -31,6 +32,8 @@ public:
 
     // Rebuilds the grid from the register file.
     void FillRegisterGrid();
+    // Makes the newest entry current and scrolls it into view.
+    void showLastRow();
     // Refills the category list of the entry row, keeping the choice.
     void reloadCategories();
     // A short notice under the entry row that goes away by itself.
@@ -70,6 +73,9 @@ private:
     void showError(const QString &text);
     void suggestMemo();
     void endChangeMode();
+    // Brings the grid in step with an entry just written, without reading the
+    // register again; false when the register has to be listed again instead.
+    bool refreshEntered(const RegisterEntry::Outcome &outcome, const TransRecord &before);
 
     Interaction &m_interaction;
     DataFiles m_files;

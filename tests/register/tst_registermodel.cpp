@@ -136,6 +136,45 @@ private Q_SLOTS:
 
     // The empty rows below a short table come and go as its rows do, with the
     // signals a view needs (the tester checks each one).
+    // An entry written by the register's own Enter joins the model without a
+    // reset: a new row at the end, or one row rewritten with every running
+    // balance after it moved; rows before the view range stay unlisted.
+    void keptInStepWithOneEntry()
+    {
+        RegisterModel model;
+        QAbstractItemModelTester tester(&model);
+        model.setRegister(threeRecords(), 2, false);
+        QSignalSpy resets(&model, &QAbstractItemModel::modelReset);
+        QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
+        QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+        const auto balances = [&model] {
+            return column(model, RegisterModel::Balance, RegisterModel::RawValueRole);
+        };
+
+        model.appendRecord(record("OP", "Deposit", "2/9/2025", 1'00));
+        QCOMPARE(model.shownCount(), 3);
+        QCOMPARE(model.recordNumberAt(2), 4);
+        QCOMPARE(balances(),
+                 (QList<QVariant>{qint64(69'75'00), qint64(74'75'00), qint64(75'75'00)}));
+        QCOMPARE(inserted.size(), 1);
+
+        // The starting balance is not listed, but the balances after it move.
+        model.replaceRecord(1, record("CL", "Starting Balance", "01/01/2025", 200'00));
+        QCOMPARE(balances(),
+                 (QList<QVariant>{qint64(169'75'00), qint64(174'75'00), qint64(175'75'00)}));
+        QCOMPARE(changed.size(), 1);
+        QCOMPARE(changed[0][0].toModelIndex().row(), 0);
+        QCOMPARE(changed[0][1].toModelIndex().row(), 2);
+
+        // Same amount: only its own row changes.
+        model.replaceRecord(3, record("OP", "1002", "2/4/2025", 5'00));
+        QCOMPARE(changed.size(), 2);
+        QCOMPARE(changed[1][0].toModelIndex().row(), 1);
+        QCOMPARE(changed[1][1].toModelIndex().row(), 1);
+        QCOMPARE(model.index(1, RegisterModel::Type).data().toString(), QStringLiteral("1002"));
+        QCOMPARE(resets.size(), 0);
+    }
+
     void paddingFollowsTheSource()
     {
         QStandardItemModel source(2, 3);
