@@ -358,7 +358,10 @@ namespace SampleData {
 QString ensure(const QString &dataDir)
 {
     const DataFiles files(dataDir, true);
-    if (QFileInfo::exists(files.accountList()))
+    // The payees are the last thing the set is written with: a folder that has
+    // the account list without them holds a set an earlier version was stopped
+    // writing in place, and it is written again as well.
+    if (QFileInfo::exists(files.accountList()) && QFileInfo::exists(files.payees()))
         return QString();
 
     // The set is written into a fresh folder and moved in with its account list

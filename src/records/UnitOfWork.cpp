@@ -65,11 +65,13 @@ public:
         if (faulted() || !QFile::rename(path(from), path(to)))
             return failed(from, QStringLiteral("it could not be renamed to \"%1\"").arg(to));
         m_touched.insert(path(to));
+        m_namesChanged = true;
         return true;
     }
     bool write(const QString &name, qint64 offset, const QByteArray &bytes)
     {
         QFile f(path(name));
+        m_namesChanged = m_namesChanged || !f.exists();
         const bool fault = faulted();
         if (!f.open(QIODevice::ReadWrite) || !f.seek(offset))
             return failed(name, f.errorString());
@@ -93,6 +95,7 @@ public:
     {
         if (faulted() || !QFile::remove(path(name)))
             return failed(name, QStringLiteral("it could not be removed"));
+        m_namesChanged = true;
         return true;
     }
 
@@ -102,7 +105,8 @@ public:
         for (const QString &p : m_touched)
             syncPath(p);
         m_touched.clear();
-        syncPath(m_dir);
+        if (std::exchange(m_namesChanged, false))
+            syncPath(m_dir);
     }
 
     // The first failure: which file, and why.
@@ -127,6 +131,7 @@ private:
     QString m_dir;
     int m_changes = 0;
     std::set<QString> m_touched;
+    bool m_namesChanged = false;
     QString m_failedFile;
     QString m_reason;
 };
