@@ -70,15 +70,19 @@ AccountsPanel::AccountsPanel(Interaction &interaction, QWidget *parent)
     layout->addLayout(totals);
 }
 
-void AccountsPanel::setDataFiles(const DataFiles &files)
+void AccountsPanel::setDataFiles(const DataSnapshot &data)
 {
-    m_files = files;
-    ShowAcctsForm();
+    m_files = data.files;
+    showAccounts(data.accounts);
 }
 
 void AccountsPanel::ShowAcctsForm()
 {
-    const auto accounts = AccountBook(m_files).readAll();
+    showAccounts(AccountBook(m_files).readAll());
+}
+
+void AccountsPanel::showAccounts(const std::optional<std::vector<BankAcctRecord>> &accounts)
+{
     if (!accounts) {
         // 75: the file could not be read.
         m_interaction.message(

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/DataSnapshot.h"
 #include "records/DataFiles.h"
 
 #include <QWidget>
@@ -16,9 +17,12 @@ class AccountsPanel : public QWidget
 public:
     AccountsPanel(Interaction &interaction, QWidget *parent = nullptr);
 
-    void setDataFiles(const DataFiles &files);
+    // A data set was opened: its accounts are shown.
+    void setDataFiles(const DataSnapshot &data);
     // Rebuilds the grid and the three totals from the account file.
     void ShowAcctsForm();
+    // The same from an account list already read.
+    void showAccounts(const std::optional<std::vector<BankAcctRecord>> &accounts);
     // Marks the current account's row (0: none).
     void setCurrentAccount(int bankNum);
     QTableView *grid() const { return m_grid; }

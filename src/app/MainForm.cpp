@@ -5,6 +5,7 @@
 #include "accounts/AccountsPanel.h"
 #include "app/GeneralSettings.h"
 #include "app/WindowUtils.h"
+#include "budget/BudgetBook.h"
 #include "budget/BudgetPanel.h"
 #include "budget/BudgetTransferPanel.h"
 #include "core/Interaction.h"
@@ -62,13 +63,13 @@ MainForm::MainForm(Interaction &interaction, const QString &dataDir, QWidget *pa
 {
     setObjectName(QStringLiteral("MainForm"));
     setWindowTitle(QStringLiteral("Quillmere"));
-    setStyleSheet(QString::fromLatin1(Style));
     setMinimumSize(780, 560);
 
     m_accounts = new AccountsPanel(m_interaction, this);
     m_accounts->setMinimumWidth(230);
     m_accounts->setMaximumWidth(280);
-    connect(m_accounts, &AccountsPanel::accountClicked, this, &MainForm::setCurrentAccount);
+    connect(m_accounts, &AccountsPanel::accountClicked, this,
+            [this](int bankNum) { setCurrentAccount(bankNum); });
 
     auto *right = new QVBoxLayout;
     right->addWidget(buildWorkArea(), 1);
@@ -85,6 +86,8 @@ MainForm::MainForm(Interaction &interaction, const QString &dataDir, QWidget *pa
     layout->setSpacing(0);
     layout->addWidget(buildTitleBar());
     layout->addLayout(body, 1);
+
+    setStyleSheet(QString::fromLatin1(Style));
 
     // Laid out for 1024 x 768; on a smaller screen it takes what there is.
     QSize size(1024, 768);
@@ -145,39 +148,15 @@ QWidget *MainForm::buildTitleBar()
     return bar;
 }
 
-namespace {
-
-// The panels of the work area, in page order, as scripts and buttons name them.
-const char *const PanelNames[] = {"register", "transfer", "budget", "budgettransfer", "accounts"};
-constexpr int PanelCount = 5;
-
-} // namespace
-
 QWidget *MainForm::buildWorkArea()
 {
     auto *area = new QWidget(this);
     auto *buttons = new QWidget(area);
     buttons->setObjectName(QStringLiteral("picPanelButtons"));
-    auto *buttonRow = new QHBoxLayout(buttons);
-    buttonRow->setContentsMargins(0, 0, 0, 0);
-    const struct
-    {
-        const char *name;
-        QString caption;
-    } panelButtons[PanelCount] = {{"cmdRegister", tr("Register")},
-                                  {"cmdTransfer", tr("Transfers")},
-                                  {"cmdBudget", tr("Budget")},
-                                  {"cmdBudgetTransfer", tr("Budget Transfers")},
-                                  {"cmdAccounts", tr("Accounts")}};
-    for (int page = 0; page < PanelCount; ++page) {
-        auto *b = new QPushButton(panelButtons[page].caption, buttons);
-        b->setObjectName(QString::fromLatin1(panelButtons[page].name));
-        b->setCheckable(true);
-        connect(b, &QPushButton::clicked, this, [this, page] { showWorkPage(page); });
-        buttonRow->addWidget(b);
-        m_panelButtons << b;
-    }
-    buttonRow->addStretch();
+    m_buttonRow = new QHBoxLayout(buttons);
+    m_buttonRow->setContentsMargins(0, 0, 0, 0);
+    m_work = new QStackedWidget(area);
+    m_work->setObjectName(QStringLiteral("picWorkArea"));
 
     m_register = new RegisterPanel(m_interaction, area);
     m_transfers = new TransferPanel(m_interaction, area);
@@ -186,13 +165,83 @@ QWidget *MainForm::buildWorkArea()
     m_editor = new AccountEditor(m_interaction, area);
     m_editor->setObjectName(QStringLiteral("fraNewAccount"));
 
-    // Every change of a balance refreshes the account list and the budget's
-    // totals (disposable cash follows the bank accounts).
-    connect(m_register, &RegisterPanel::balancesChanged, this, [this] {
-        m_current = m_register->account();
-        m_accounts->ShowAcctsForm();
-        m_budget->RefreshBudgetList();
-    });
+    // The panels, in button order. PanelState keeps the work panel in place 0
+    // (0 register, 1 transfers, 2 budget, 3 budget transfers) and 1 in place 1
+    // while the account form is shown over it; files written before this table
+    // hold the same values.
+    addPanel(
+        {QStringLiteral("register"),
+         tr("Register"),
+         QStringLiteral("cmdRegister"),
+         nullptr,
+         {0, 0},
+         [this](const DataSnapshot &d) { m_register->setDataFiles(d.files); },
+         [this](const DataChange &c, const DataSnapshot &d) {
+             if (c.has(DataChange::Categories))
+                 m_register->reloadCategories(d.budget);
+         },
+         [this](const BankAcctRecord &a, const DataSnapshot &d) { m_register->setAccount(a, d); }},
+        m_register);
+    addPanel({QStringLiteral("transfer"),
+              tr("Transfers"),
+              QStringLiteral("cmdTransfer"),
+              nullptr,
+              {0, 1},
+              [this](const DataSnapshot &d) { m_transfers->setDataFiles(d.files); },
+              {},
+              [this](const BankAcctRecord &a, const DataSnapshot &d) {
+                  m_transfers->reloadAccounts(a.BankNum, d.accountList());
+              }},
+             m_transfers);
+    addPanel({QStringLiteral("budget"),
+              tr("Budget"),
+              QStringLiteral("cmdBudget"),
+              nullptr,
+              {0, 2},
+              [this](const DataSnapshot &d) { m_budget->setDataFiles(d); },
+              [this](const DataChange &c, const DataSnapshot &d) {
+                  // Disposable cash follows the bank accounts.
+                  if (c.parts
+                      & (DataChange::Accounts | DataChange::Budget | DataChange::Categories))
+                      m_budget->showBudget(d);
+              },
+              {}},
+             m_budget);
+    addPanel({QStringLiteral("budgettransfer"),
+              tr("Budget Transfers"),
+              QStringLiteral("cmdBudgetTransfer"),
+              nullptr,
+              {0, 3},
+              [this](const DataSnapshot &d) {
+                  m_budgetTransfers->setDataFiles(d);
+                  m_budgetTransfers->setPeriodName(m_period->currentText());
+              },
+              [this](const DataChange &c, const DataSnapshot &d) {
+                  if (c.has(DataChange::Categories))
+                      m_budgetTransfers->reloadCategories(d.budget);
+              },
+              {}},
+             m_budgetTransfers);
+
+    auto *accountsPage = new QWidget(area);
+    auto *accountsLayout = new QVBoxLayout(accountsPage);
+    accountsLayout->setContentsMargins(0, 0, 0, 0);
+    accountsLayout->addWidget(m_editor);
+    accountsLayout->addStretch();
+    addPanel({QStringLiteral("accounts"),
+              tr("Accounts"),
+              QStringLiteral("cmdAccounts"),
+              accountsPage,
+              {1, 1},
+              [this](const DataSnapshot &d) { m_editor->setDataFiles(d.files); },
+              {},
+              [this](const BankAcctRecord &a, const DataSnapshot &) {
+                  m_editor->setCurrentAccount(a.BankNum);
+              }});
+    m_buttonRow->addStretch();
+
+    reportChanges();
+    connect(this, &MainForm::dataChanged, this, &MainForm::applyChange);
     // A transfer picked in the register is changed on the transfer panel.
     connect(m_register, &RegisterPanel::transferChangeRequested, this,
             [this](int bankNum, int record) {
@@ -202,39 +251,6 @@ QWidget *MainForm::buildWorkArea()
                 else
                     m_register->showNotice(problem);
             });
-    connect(m_transfers, &TransferPanel::transferred, this, [this] {
-        m_accounts->ShowAcctsForm();
-        m_budget->RefreshBudgetList();
-        setCurrentAccount(m_current.BankNum);
-    });
-    connect(m_budget, &BudgetPanel::categoriesChanged, this, [this] {
-        m_register->reloadCategories();
-        m_budgetTransfers->reloadCategories();
-    });
-    connect(m_budgetTransfers, &BudgetTransferPanel::budgetChanged, m_budget,
-            &BudgetPanel::RefreshBudgetList);
-    auto accountsChanged = [this](int bankNum) {
-        m_accounts->ShowAcctsForm();
-        m_budget->RefreshBudgetList();
-        m_budgetTransfers->reloadCategories();
-        setCurrentAccount(bankNum);
-    };
-    connect(m_editor, &AccountEditor::accountAdded, this, accountsChanged);
-    connect(m_editor, &AccountEditor::accountRenamed, this, accountsChanged);
-
-    auto *accountsPage = new QWidget(area);
-    auto *accountsLayout = new QVBoxLayout(accountsPage);
-    accountsLayout->setContentsMargins(0, 0, 0, 0);
-    accountsLayout->addWidget(m_editor);
-    accountsLayout->addStretch();
-
-    m_work = new QStackedWidget(area);
-    m_work->setObjectName(QStringLiteral("picWorkArea"));
-    m_work->addWidget(m_register);
-    m_work->addWidget(m_transfers);
-    m_work->addWidget(m_budget);
-    m_work->addWidget(m_budgetTransfers);
-    m_work->addWidget(accountsPage);
 
     auto *layout = new QVBoxLayout(area);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -242,6 +258,76 @@ QWidget *MainForm::buildWorkArea()
     layout->addWidget(buttons);
     layout->addWidget(m_work, 1);
     return area;
+}
+
+void MainForm::addPanel(Panel panel)
+{
+    const int page = m_panels.size();
+    auto *b = new QPushButton(panel.caption, m_buttonRow->parentWidget());
+    b->setObjectName(panel.buttonName);
+    b->setCheckable(true);
+    connect(b, &QPushButton::clicked, this, [this, page] { showWorkPage(page); });
+    m_buttonRow->addWidget(b);
+    m_panelButtons << b;
+    m_work->addWidget(panel.widget);
+    m_panels << std::move(panel);
+}
+
+// What each panel's operations change, as one dataChanged signal.
+void MainForm::reportChanges()
+{
+    connect(m_register, &RegisterPanel::balancesChanged, this, [this](int bankNum) {
+        Q_EMIT dataChanged({DataChange::Accounts | DataChange::Budget | DataChange::Registers,
+                            {bankNum},
+                            0,
+                            m_register});
+    });
+    connect(m_transfers, &TransferPanel::transferred, this, [this](int from, int to) {
+        Q_EMIT dataChanged({DataChange::Accounts | DataChange::Budget | DataChange::Registers,
+                            {from, to},
+                            0,
+                            m_transfers});
+    });
+    connect(m_budget, &BudgetPanel::categoriesChanged, this, [this] {
+        Q_EMIT dataChanged({DataChange::Categories, {}, 0, m_budget});
+    });
+    connect(m_budgetTransfers, &BudgetTransferPanel::budgetChanged, this, [this] {
+        Q_EMIT dataChanged({DataChange::Budget, {}, 0, m_budgetTransfers});
+    });
+    // Adding a card adds its category; renaming an account renames its categories.
+    auto accountsChanged = [this](int bankNum) {
+        Q_EMIT dataChanged(
+            {DataChange::Accounts | DataChange::Categories, {bankNum}, bankNum, m_editor});
+    };
+    connect(m_editor, &AccountEditor::accountAdded, this, accountsChanged);
+    connect(m_editor, &AccountEditor::accountRenamed, this, accountsChanged);
+}
+
+void MainForm::applyChange(const DataChange &change)
+{
+    const DataSnapshot data = readSnapshot();
+    if (change.has(DataChange::Accounts)) {
+        if (m_current.BankNum != 0)
+            m_current = data.account(m_current.BankNum);
+        m_accounts->showAccounts(data.accounts);
+    }
+    for (const Panel &panel : m_panels)
+        if (panel.refresh && panel.widget != change.source)
+            panel.refresh(change, data);
+    // The register on screen was written by another panel: it is read again.
+    if (change.makeCurrent != 0)
+        setCurrentAccount(change.makeCurrent, data);
+    else if (change.has(DataChange::Registers) && change.source != m_register)
+        setCurrentAccount(m_current.BankNum, data);
+}
+
+DataSnapshot MainForm::readSnapshot() const
+{
+    DataSnapshot data;
+    data.files = m_files;
+    data.accounts = AccountBook(m_files).readAll();
+    data.budget = BudgetBook(m_files).readAll();
+    return data;
 }
 
 QWidget *MainForm::buildHelpPanel()
@@ -280,10 +366,8 @@ void MainForm::load()
     m_settings.ThemeName = wanted;
 
     // Panel states outside 0..3 are not ours to apply.
-    for (auto &state : m_settings.PanelState)
-        if (state < 0 || state > GeneralSettings::MaxPanelState)
-            state = 0;
-    showWorkPage(m_settings.PanelState[1] == 1 ? PanelCount - 1 : m_settings.PanelState[0]);
+    m_settings.PanelState = PanelStates::sanitised(m_settings.PanelState);
+    showWorkPage(PanelStates::restore(m_settings.PanelState, savedCodes()));
     setHelpShown(m_settings.HelpShown == 1);
     if (themeChanged)
         saveSettings();
@@ -299,24 +383,24 @@ void MainForm::openDataSet()
     const int period = m_sample ? m_settings.SamplePeriodIndex : m_settings.PeriodIndex;
     m_period->setCurrentIndex(period >= 0 && period < m_period->count() ? period : 0);
 
-    m_accounts->setDataFiles(m_files);
-    m_editor->setDataFiles(m_files);
-    m_register->setDataFiles(m_files);
-    m_budget->setDataFiles(m_files);
-    m_budgetTransfers->setDataFiles(m_files);
-    m_transfers->setDataFiles(m_files);
-    m_budgetTransfers->setPeriodName(m_period->currentText());
-    const auto first = AccountBook(m_files).firstLive();
+    // The account list and the budget are read once here and handed to every panel.
+    const DataSnapshot data = readSnapshot();
+    m_accounts->setDataFiles(data);
+    for (const Panel &panel : m_panels)
+        if (panel.open)
+            panel.open(data);
     m_current = BankAcctRecord{};
-    if (first) {
-        setCurrentAccount(first->BankNum);
-        return;
+    for (const BankAcctRecord &account : data.accountList()) {
+        if (!account.isDeleted()) {
+            setCurrentAccount(account.BankNum, data);
+            return;
+        }
     }
     // No account yet: every panel shows that.
-    m_register->setAccount(m_current);
     m_accounts->setCurrentAccount(0);
-    m_editor->setCurrentAccount(0);
-    m_transfers->reloadAccounts(0);
+    for (const Panel &panel : m_panels)
+        if (panel.follow)
+            panel.follow(m_current, data);
 }
 
 void MainForm::switchDataSet()
@@ -329,14 +413,19 @@ void MainForm::switchDataSet()
 
 void MainForm::setCurrentAccount(int bankNum)
 {
-    const BankAcctRecord r = AccountBook(m_files).read(bankNum);
+    setCurrentAccount(bankNum, readSnapshot());
+}
+
+void MainForm::setCurrentAccount(int bankNum, const DataSnapshot &data)
+{
+    const BankAcctRecord r = data.account(bankNum);
     if (bankNum < 1 || r.isDeleted())
         return;
     m_current = r;
     m_accounts->setCurrentAccount(bankNum);
-    m_editor->setCurrentAccount(bankNum);
-    m_register->setAccount(m_current);
-    m_transfers->reloadAccounts(bankNum);
+    for (const Panel &panel : m_panels)
+        if (panel.follow)
+            panel.follow(m_current, data);
 }
 
 void MainForm::setHelpShown(bool shown)
@@ -350,10 +439,10 @@ void MainForm::setHelpShown(bool shown)
     }
 }
 
-bool MainForm::showPanel(const QString &name)
+bool MainForm::showPanel(const QString &id)
 {
-    for (int page = 0; page < PanelCount; ++page) {
-        if (name == QLatin1String(PanelNames[page])) {
+    for (int page = 0; page < m_panels.size(); ++page) {
+        if (m_panels[page].id == id) {
             showWorkPage(page);
             return true;
         }
@@ -361,20 +450,37 @@ bool MainForm::showPanel(const QString &name)
     return false;
 }
 
+QString MainForm::shownPanel() const
+{
+    const int page = m_work->currentIndex();
+    return page >= 0 && page < m_panels.size() ? m_panels[page].id : QString();
+}
+
+QList<PanelStates::Code> MainForm::savedCodes() const
+{
+    QList<PanelStates::Code> codes;
+    for (const Panel &panel : m_panels)
+        codes << panel.savedAs;
+    return codes;
+}
+
+QStringList MainForm::panelIds() const
+{
+    QStringList ids;
+    for (const Panel &panel : m_panels)
+        ids << panel.id;
+    return ids;
+}
+
 void MainForm::showWorkPage(int page)
 {
-    if (page < 0 || page >= PanelCount)
+    if (page < 0 || page >= m_panels.size())
         page = 0;
     m_work->setCurrentIndex(page);
     for (int i = 0; i < m_panelButtons.size(); ++i)
         m_panelButtons[i]->setChecked(i == page);
-    // Panel states hold 0..3: the first remembers which of the four work
-    // panels was open, the second whether the account form was.
-    const bool accountsForm = page == PanelCount - 1;
-    std::array<std::int16_t, 4> state = m_settings.PanelState;
-    if (!accountsForm)
-        state[0] = static_cast<std::int16_t>(page);
-    state[1] = accountsForm ? 1 : 0;
+    const PanelStates::Values state
+        = PanelStates::store(m_settings.PanelState, m_panels[page].savedAs, savedCodes());
     if (state != m_settings.PanelState) {
         m_settings.PanelState = state;
         saveSettings();

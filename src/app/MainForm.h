@@ -1,5 +1,8 @@
 #pragma once
 
+#include "app/PanelStates.h"
+#include "core/DataChange.h"
+#include "core/DataSnapshot.h"
 #include "records/BankAcctRecord.h"
 #include "records/DataFiles.h"
 #include "records/GenInfoRecord.h"
@@ -8,7 +11,7 @@
 
 #include <QList>
 
-#include <array>
+#include <functional>
 
 class AccountEditor;
 class AccountsPanel;
@@ -18,6 +21,7 @@ class RegisterPanel;
 class TransferPanel;
 class Interaction;
 class QComboBox;
+class QHBoxLayout;
 class QLabel;
 class QPushButton;
 class QStackedWidget;
@@ -28,6 +32,24 @@ class MainForm : public QWidget
 {
     Q_OBJECT
 public:
+    // One panel of the work area. Its registration builds its button, its page
+    // in the stack, its name for scripts and its place in the saved state, and
+    // says how it follows the data.
+    struct Panel
+    {
+        QString id;         // stable: the saved state and scripts' "panel" command use it
+        QString caption;    // its button's caption
+        QString buttonName; // its button's object name
+        QWidget *widget = nullptr;
+        PanelStates::Code savedAs; // how PanelState remembers it
+        // A data set was opened.
+        std::function<void(const DataSnapshot &)> open;
+        // Another view finished an operation (never called for the panel that did it).
+        std::function<void(const DataChange &, const DataSnapshot &)> refresh;
+        // An account became current (BankNum 0: none).
+        std::function<void(const BankAcctRecord &, const DataSnapshot &)> follow;
+    };
+
     MainForm(Interaction &interaction, const QString &dataDir, QWidget *parent = nullptr);
 
     // Restores the settings record and opens the account list of the open set.
@@ -35,9 +57,17 @@ public:
     // cmdSampleMode: the other data set.
     void switchDataSet();
     // Shows a panel as its button would; false for a panel that does not exist.
-    bool showPanel(const QString &name);
+    bool showPanel(const QString &id);
+    // The panel shown, by its id.
+    QString shownPanel() const;
+    // Every panel's id, in button order.
+    QStringList panelIds() const;
 
     void setCurrentAccount(int bankNum);
+
+Q_SIGNALS:
+    // An operation was committed; every view but the one that did it follows.
+    void dataChanged(const DataChange &change);
 
 protected:
     void mousePressEvent(QMouseEvent *event) override;
@@ -46,7 +76,22 @@ private:
     QWidget *buildTitleBar();
     QWidget *buildHelpPanel();
     QWidget *buildWorkArea();
+    void addPanel(Panel panel);
+    // A panel that reports its own operations with a dataChanged signal is
+    // followed without more wiring.
+    template<class P> void addPanel(Panel panel, P *widget)
+    {
+        panel.widget = widget;
+        if constexpr (requires { &P::dataChanged; })
+            connect(widget, &P::dataChanged, this, &MainForm::dataChanged);
+        addPanel(std::move(panel));
+    }
+    void reportChanges();
     void showWorkPage(int page);
+    QList<PanelStates::Code> savedCodes() const;
+    void applyChange(const DataChange &change);
+    DataSnapshot readSnapshot() const;
+    void setCurrentAccount(int bankNum, const DataSnapshot &data);
     void saveSettings();
     void openDataSet();
     void setHelpShown(bool shown);
@@ -58,13 +103,15 @@ private:
     DataFiles m_files;
     BankAcctRecord m_current;
 
+    QList<Panel> m_panels;
+    QList<QPushButton *> m_panelButtons;
     AccountsPanel *m_accounts = nullptr;
     AccountEditor *m_editor = nullptr;
     RegisterPanel *m_register = nullptr;
     BudgetPanel *m_budget = nullptr;
     BudgetTransferPanel *m_budgetTransfers = nullptr;
     TransferPanel *m_transfers = nullptr;
-    QList<QPushButton *> m_panelButtons;
+    QHBoxLayout *m_buttonRow = nullptr;
     QStackedWidget *m_work = nullptr;
     QPushButton *m_sampleButton = nullptr;
     QPushButton *m_helpButton = nullptr;

@@ -25,15 +25,21 @@ int BudgetBook::count() const
 
 BudgetBook::Totals BudgetBook::totals() const
 {
+    return totals(readAll(),
+                  AccountBook(m_files).readAll().value_or(std::vector<BankAcctRecord>{}));
+}
+
+BudgetBook::Totals BudgetBook::totals(const std::vector<BudgetRecord> &categories,
+                                      const std::vector<BankAcctRecord> &accounts)
+{
     Totals t;
-    for (const BudgetRecord &c : readAll()) {
+    for (const BudgetRecord &c : categories) {
         if (c.isDeleted() || c.BudName.isBlank())
             continue;
         t.monthly += amountValue(c.AmountText.text());
         t.balance += c.Balance;
     }
-    for (const BankAcctRecord &a :
-         AccountBook(m_files).readAll().value_or(std::vector<BankAcctRecord>{}))
+    for (const BankAcctRecord &a : accounts)
         if (!a.isDeleted() && !AccountKinds::isCard(a.Type.text()))
             t.bankAccounts += a.Balance;
     return t;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/BankAcctRecord.h"
 #include "records/BudgetRecord.h"
 #include "records/Currency.h"
 #include "records/DataFiles.h"
@@ -28,6 +29,9 @@ public:
         Currency disposable() const { return bankAccounts - balance; }
     };
     Totals totals() const;
+    // The same from records already read.
+    static Totals totals(const std::vector<BudgetRecord> &categories,
+                         const std::vector<BankAcctRecord> &accounts);
 
     // The category that belongs to a credit-card account (0: none).
     int cardCategory(int cardBankNum) const;

@@ -1,5 +1,6 @@
 #include "budget/BudgetPanel.h"
 
+#include "accounts/AccountBook.h"
 #include "budget/BudgetBook.h"
 #include "budget/BudgetCategories.h"
 #include "budget/BudgetItemDelegate.h"
@@ -172,19 +173,27 @@ QWidget *BudgetPanel::buildEditor()
     return box;
 }
 
-void BudgetPanel::setDataFiles(const DataFiles &files)
+void BudgetPanel::setDataFiles(const DataSnapshot &data)
 {
-    m_files = files;
+    m_files = data.files;
     onClearList();
     m_category->setEditText(QString());
     m_amount->clear();
-    RefreshBudgetList();
+    showBudget(data);
 }
 
 void BudgetPanel::RefreshBudgetList()
 {
-    BudgetBook book(m_files);
-    std::vector<BudgetRecord> all = book.readAll();
+    DataSnapshot data;
+    data.files = m_files;
+    data.budget = BudgetBook(m_files).readAll();
+    data.accounts = AccountBook(m_files).readAll();
+    showBudget(data);
+}
+
+void BudgetPanel::showBudget(const DataSnapshot &data)
+{
+    const std::vector<BudgetRecord> &all = data.budget;
     const QString typed = m_category->currentText();
     m_category->clear();
     for (const BudgetRecord &c : all)
@@ -192,9 +201,9 @@ void BudgetPanel::RefreshBudgetList()
             m_category->addItem(c.BudName.text().trimmed(), int(c.BudNum));
     m_category->setCurrentIndex(m_category->findText(typed));
     m_category->setEditText(typed);
-    m_model->setCategories(std::move(all));
+    m_model->setCategories(all);
 
-    const BudgetBook::Totals t = book.totals();
+    const BudgetBook::Totals t = BudgetBook::totals(all, data.accountList());
     m_monthly->setText(QStringLiteral("Monthly Budget ") + t.monthly.toCurrencyText());
     m_balance->setText(t.balance.toCurrencyText());
     m_disposable->setText(t.disposable().toCurrencyText());

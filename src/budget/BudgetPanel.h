@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/DataSnapshot.h"
 #include "records/DataFiles.h"
 
 #include <QWidget>
@@ -23,9 +24,12 @@ class BudgetPanel : public QWidget
 public:
     BudgetPanel(Interaction &interaction, QWidget *parent = nullptr);
 
-    void setDataFiles(const DataFiles &files);
+    // A data set was opened: the editor starts empty and its categories are shown.
+    void setDataFiles(const DataSnapshot &data);
     // Re-reads every category and refills the grid, the category list and the totals.
     void RefreshBudgetList();
+    // The same from categories and accounts already read.
+    void showBudget(const DataSnapshot &data);
     // While set (by a panel that owns the entry row), saving beeps and does nothing.
     void setEditLock(bool locked) { m_editLock = locked; }
 

@@ -130,11 +130,13 @@ BudgetTransferPanel::BudgetTransferPanel(Interaction &interaction, QWidget *pare
     m_change->hide();
 }
 
-void BudgetTransferPanel::setDataFiles(const DataFiles &files)
+void BudgetTransferPanel::setDataFiles(const DataSnapshot &data)
 {
-    m_files = files;
+    m_files = data.files;
     m_single->setChecked(true);
-    onKindChosen(Kind::Single);
+    m_kind = Kind::Single;
+    m_transfer->setText(tr("Transfer"));
+    clearEntry(data.budget);
     RefreshBudgetTransferList();
 }
 
@@ -149,8 +151,13 @@ void BudgetTransferPanel::setPeriodName(const QString &period)
 
 void BudgetTransferPanel::reloadCategories()
 {
+    reloadCategories(BudgetBook(m_files).readAll());
+}
+
+void BudgetTransferPanel::reloadCategories(const std::vector<BudgetRecord> &budget)
+{
     if (m_kind != Kind::Single) {
-        fillPeriodic();
+        fillPeriodic(budget);
         return;
     }
     for (QComboBox *list : {m_from, m_to}) {
@@ -158,7 +165,7 @@ void BudgetTransferPanel::reloadCategories()
         list->clear();
         list->setEnabled(true);
         list->addItem(BudgetTransfers::DisposableEntry, 0);
-        for (const BudgetRecord &c : BudgetBook(m_files).readAll())
+        for (const BudgetRecord &c : budget)
             if (!c.isDeleted() && !c.BudName.isBlank())
                 list->addItem(c.BudName.text().trimmed(), int(c.BudNum));
         list->setCurrentIndex(keep >= 0 ? list->findData(keep) : -1);
@@ -178,7 +185,12 @@ void BudgetTransferPanel::showError(const QString &text)
 
 void BudgetTransferPanel::fillPeriodic()
 {
-    const Currency total = BudgetBook(m_files).totals().monthly;
+    fillPeriodic(BudgetBook(m_files).readAll());
+}
+
+void BudgetTransferPanel::fillPeriodic(const std::vector<BudgetRecord> &budget)
+{
+    const Currency total = BudgetBook::totals(budget, {}).monthly;
     for (QComboBox *list : {m_from, m_to}) {
         list->clear();
         list->addItem(QStringLiteral("Budget"));
@@ -204,6 +216,11 @@ void BudgetTransferPanel::onKindChosen(Kind kind)
 
 void BudgetTransferPanel::onClear()
 {
+    clearEntry(BudgetBook(m_files).readAll());
+}
+
+void BudgetTransferPanel::clearEntry(const std::vector<BudgetRecord> &budget)
+{
     m_changing = 0;
     m_title->setText(TransferTitle);
     m_change->hide();
@@ -219,7 +236,7 @@ void BudgetTransferPanel::onClear()
     m_date->setEditText(EntryChecks::formatLongDate(Clock::today()));
     m_from->setCurrentIndex(-1);
     m_to->setCurrentIndex(-1);
-    reloadCategories();
+    reloadCategories(budget);
     m_from->setCurrentIndex(-1);
     m_to->setCurrentIndex(-1);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "budget/BudgetTransfers.h"
+#include "core/DataSnapshot.h"
 #include "records/DataFiles.h"
 
 #include <QWidget>
@@ -23,12 +24,14 @@ class BudgetTransferPanel : public QWidget
 public:
     BudgetTransferPanel(Interaction &interaction, QWidget *parent = nullptr);
 
-    void setDataFiles(const DataFiles &files);
+    // A data set was opened: a new single transfer starts on its categories.
+    void setDataFiles(const DataSnapshot &data);
     // The name of the budget period ("Monthly", "Bi-Monthly", "Weekly").
     void setPeriodName(const QString &period);
     void setEditLock(bool locked) { m_editLock = locked; }
     // Refills the category lists (after categories changed).
     void reloadCategories();
+    void reloadCategories(const std::vector<BudgetRecord> &budget);
     void RefreshBudgetTransferList();
 
 Q_SIGNALS:
@@ -41,9 +44,11 @@ private:
     void onTransfer();
     void onChange();
     void onClear();
+    void clearEntry(const std::vector<BudgetRecord> &budget);
     void onRowClicked(const QModelIndex &index);
     void onRemoveSelected();
     void fillPeriodic();
+    void fillPeriodic(const std::vector<BudgetRecord> &budget);
     void showError(const QString &text);
     void finish();
     BudgetTransfers::Request request() const;

@@ -162,6 +162,15 @@ void RegisterPanel::setDataFiles(const DataFiles &files)
 
 void RegisterPanel::setAccount(const BankAcctRecord &account)
 {
+    DataSnapshot data;
+    data.files = m_files;
+    data.accounts = AccountBook(m_files).readAll();
+    data.budget = BudgetBook(m_files).readAll();
+    setAccount(account, data);
+}
+
+void RegisterPanel::setAccount(const BankAcctRecord &account, const DataSnapshot &data)
+{
     m_account = account;
     m_registerTitle->setText(account.BankNum == 0
                                  ? tr("No account yet: add one on the Accounts panel")
@@ -169,23 +178,22 @@ void RegisterPanel::setAccount(const BankAcctRecord &account)
     m_viewLabel->hide();
     m_viewDate->hide();
     m_viewOk->hide();
-    reloadLists();
+    reloadLists(data);
     FillRegisterGrid();
     onClear();
 }
 
-void RegisterPanel::reloadLists()
+void RegisterPanel::reloadLists(const DataSnapshot &data)
 {
     EntryRow *e = m_entry;
     e->type->clear();
     e->type->addItems(EntryRules::typesFor(m_account.Type.text()));
 
-    reloadCategories();
+    reloadCategories(data.budget);
 
     e->card->clear();
     e->card->addItem(EntryRules::NoneEntry, 0);
-    for (const BankAcctRecord &a :
-         AccountBook(m_files).readAll().value_or(std::vector<BankAcctRecord>{}))
+    for (const BankAcctRecord &a : data.accountList())
         if (!a.isDeleted() && AccountKinds::isCard(a.Type.text()))
             e->card->addItem(a.BankName.text(), int(a.BankNum));
     // A card's own register records its charges and credits; paying a card is
@@ -196,12 +204,17 @@ void RegisterPanel::reloadLists()
 
 void RegisterPanel::reloadCategories()
 {
+    reloadCategories(BudgetBook(m_files).readAll());
+}
+
+void RegisterPanel::reloadCategories(const std::vector<BudgetRecord> &budget)
+{
     QComboBox *category = m_entry->category;
     const int keep = category->currentIndex() > 0 ? category->currentData().toInt() : 0;
     category->clear();
     category->addItem(EntryRules::NoneEntry, 0);
     // A card's own category moves with the card's charges and payments only.
-    for (const BudgetRecord &c : BudgetBook(m_files).readAll())
+    for (const BudgetRecord &c : budget)
         if (!c.isDeleted() && !c.BudName.isBlank() && c.CCBankRecnum == 0)
             category->addItem(c.BudName.text().trimmed(), int(c.BudNum));
     category->setCurrentIndex(keep > 0 ? std::max(0, category->findData(keep)) : 0);
@@ -220,6 +233,9 @@ void RegisterPanel::reloadPayees()
 
 void RegisterPanel::FillRegisterGrid()
 {
+    // The register shown so far is let go before the next is read, so that
+    // two full registers are never held at once.
+    m_model->setRegister({}, 0, isCard(m_account));
     RegisterService::Loaded loaded = RegisterService(m_files).load(m_account);
     if (!loaded.error.isEmpty())
         m_interaction.message(loaded.error, RegisterRefusals::MissingTitle,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/DataSnapshot.h"
 #include "records/BankAcctRecord.h"
 #include "records/DataFiles.h"
 #include "records/TransRecord.h"
@@ -28,6 +29,8 @@ public:
     void setDataFiles(const DataFiles &files);
     // Makes an account current (BankNum 0: none) and lists its register.
     void setAccount(const BankAcctRecord &account);
+    // The same with the account list and categories already read.
+    void setAccount(const BankAcctRecord &account, const DataSnapshot &data);
     const BankAcctRecord &account() const { return m_account; }
 
     // Rebuilds the grid from the register file.
@@ -36,6 +39,7 @@ public:
     void showLastRow();
     // Refills the category list of the entry row, keeping the choice.
     void reloadCategories();
+    void reloadCategories(const std::vector<BudgetRecord> &budget);
     // A short notice under the entry row that goes away by itself.
     void showNotice(const QString &text);
 
@@ -50,7 +54,7 @@ Q_SIGNALS:
 
 private:
     QWidget *buildViewRow();
-    void reloadLists();
+    void reloadLists(const DataSnapshot &data);
     void reloadPayees();
 
     void onTypeChosen(int index);

@@ -116,8 +116,14 @@ void TransferPanel::setDataFiles(const DataFiles &files)
 
 void TransferPanel::reloadAccounts(int currentBankNum)
 {
+    reloadAccounts(currentBankNum,
+                   AccountBook(m_files).readAll().value_or(std::vector<BankAcctRecord>{}));
+}
+
+void TransferPanel::reloadAccounts(int currentBankNum, const std::vector<BankAcctRecord> &accounts)
+{
+    m_accounts = accounts;
     const int to = m_to->currentIndex() >= 0 ? m_to->currentData().toInt() : 0;
-    const auto accounts = AccountBook(m_files).readAll().value_or(std::vector<BankAcctRecord>{});
     for (QComboBox *list : {m_from, m_to}) {
         list->clear();
         for (const BankAcctRecord &a : accounts)
@@ -137,7 +143,11 @@ std::vector<TransRecord> TransferPanel::fromRegister() const
 
 void TransferPanel::onFromChosen()
 {
-    const BankAcctRecord from = AccountBook(m_files).read(m_from->currentData().toInt());
+    // Only the kind is looked at, and an account keeps its kind.
+    const int bankNum = m_from->currentData().toInt();
+    const BankAcctRecord from = bankNum >= 1 && bankNum <= int(m_accounts.size())
+                                    ? m_accounts[std::size_t(bankNum - 1)]
+                                    : BankAcctRecord{};
     m_type->clear();
     if (m_from->currentIndex() >= 0)
         m_type->addItems(TransferService::typesFor(from.Type.text()));

@@ -28,6 +28,8 @@ public:
     void setDataFiles(const DataFiles &files);
     // Refills the account lists; the current account is offered as the source.
     void reloadAccounts(int currentBankNum);
+    // The same from an account list already read.
+    void reloadAccounts(int currentBankNum, const std::vector<BankAcctRecord> &accounts);
     // Loads the transfer that record n of an account's register belongs to.
     // Returns the notice to show instead when it cannot be changed.
     QString loadForChange(int bankNum, int recordNumber);
@@ -52,6 +54,7 @@ private:
     int m_changeBankNum = 0; // the transfer being changed: its from account
     int m_changeRecord = 0;  // and its from record
     Currency m_oldFromAmount;
+    std::vector<BankAcctRecord> m_accounts; // as listed in the account boxes
 
     QLabel *m_title;
     QComboBox *m_from;
