@@ -489,9 +489,9 @@ void MainForm::showWorkPage(int page)
 
 void MainForm::saveSettings()
 {
-    const QString error = GeneralSettings(m_dataDir).save(m_settings);
-    if (!error.isEmpty())
-        m_interaction.message(error, QStringLiteral("Quillmere"), Interaction::Icon::Critical);
+    // A save that fails is told to the user by the unit of work's failure
+    // report ("Not Saved"); a second box would only repeat it.
+    GeneralSettings(m_dataDir).save(m_settings);
 }
 
 void MainForm::mousePressEvent(QMouseEvent *event)

@@ -261,11 +261,7 @@ QByteArray UnitOfWork::read(const QString &path, int recordLength, int n) const
     for (auto it = m_writes.rbegin(); it != m_writes.rend(); ++it)
         if (it->file == name && it->offset == offset)
             return it->bytes;
-    QString onDisk = name;
-    for (const Rename &r : m_renames)
-        if (r.to == name)
-            onDisk = r.from;
-    RawRecordFile file(m_dataDir + QLatin1Char('/') + onDisk, recordLength);
+    RawRecordFile file(m_dataDir + QLatin1Char('/') + onDisk(name), recordLength);
     return file.read(n);
 }
 
@@ -306,7 +302,7 @@ QString UnitOfWork::checkWritable() const
                 .arg(onDisk(name), f.errorString());
     }
     for (const Write &w : m_writes)
-        growth += 2 * w.bytes.size(); // the journal's copy and the file's
+        growth += 3 * w.bytes.size(); // the journal's new and old bytes, and the file's
     const QStorageInfo disk(m_dataDir);
     if (disk.isValid() && disk.bytesAvailable() >= 0 && disk.bytesAvailable() < growth + 65536)
         return QStringLiteral("the disk that holds the data folder is full");
