@@ -153,6 +153,25 @@ Operation operation(const QString &name)
                     r.amountText = QStringLiteral("30");
                     return BudgetTransfers(b.files).single(r, true).ok;
                 }};
+    if (name == QLatin1String("periodic budget transfer"))
+        return {nothing, [](Books &b) {
+                    BudgetTransfers::Request r;
+                    r.date = QStringLiteral("04/01/2025");
+                    r.description = QStringLiteral("Monthly");
+                    r.amountText = QStringLiteral("1");
+                    return BudgetTransfers(b.files).periodic(r, false).ok;
+                }};
+    if (name == QLatin1String("budget transfer removed"))
+        return {nothing, [](Books &b) { return BudgetTransfers(b.files).remove({1}).ok; }};
+    if (name == QLatin1String("budget category removed"))
+        return {nothing, [](Books &b) { return BudgetCategories(b.files).remove(b.food()).ok; }};
+    if (name == QLatin1String("payee removed"))
+        return {[](Books &b) {
+                    return PayeeBook(b.files)
+                        .add(Everyday, QStringLiteral("Everyday"), QStringLiteral("Bakery"))
+                        .ok;
+                },
+                [](Books &b) { return PayeeBook(b.files).remove(1).ok; }};
     if (name == QLatin1String("budget category"))
         return {nothing, [](Books &b) {
                     return BudgetCategories(b.files)
