@@ -40,8 +40,20 @@ QString quoted(const QString &name)
 
 } // namespace
 
+QString Journal::removedName(const QString &name)
+{
+    return QStringLiteral("Removed ") + name;
+}
+
+bool Journal::isRemovedName(const QString &name)
+{
+    return name.startsWith(QLatin1String("Removed "));
+}
+
 int Journal::recordLengthOf(const QString &name)
 {
+    if (isRemovedName(name))
+        return recordLengthOf(name.mid(8));
     const QString sample = QStringLiteral("Sample ");
     const QString base = name.startsWith(sample) ? name.mid(sample.size()) : name;
     if (name == QLatin1String("Geninfo.dat"))

@@ -47,4 +47,9 @@ struct Journal
     static QString problemWithName(const QString &name);
     // The record length of a data file by its name; 0 for any other name.
     static int recordLengthOf(const QString &name);
+
+    // A file being removed is first renamed to this name (so that the rename
+    // can be undone like any other) and deleted once its unit is done.
+    static QString removedName(const QString &name);
+    static bool isRemovedName(const QString &name);
 };

@@ -6,6 +6,7 @@
 #include <QSaveFile>
 #include <QStorageInfo>
 
+#include <algorithm>
 #include <set>
 #include <utility>
 
@@ -40,6 +41,19 @@ void syncPath(const QString &path)
         ::fdatasync(fd);
         ::close(fd);
     }
+}
+
+// Deletes the files that units removed (renamed to their removed names) once
+// nothing can need them any more: their units are done.
+void deleteRemoved(const QString &dataDir)
+{
+    const QStringList names = QDir(dataDir).entryList(QDir::Files);
+    bool any = false;
+    for (const QString &name : names)
+        if (Journal::isRemovedName(name) && Journal::recordLengthOf(name) != 0)
+            any = QFile::remove(dataDir + QLatin1Char('/') + name) || any;
+    if (any)
+        syncPath(dataDir);
 }
 
 void step(int &done)
@@ -254,6 +268,13 @@ void UnitOfWork::rename(const QString &from, const QString &to)
     m_renames.push_back({fileName(from), fileName(to)});
 }
 
+void UnitOfWork::remove(const QString &path)
+{
+    const QString name = fileName(path);
+    if (QFileInfo::exists(m_dataDir + QLatin1Char('/') + name))
+        m_renames.push_back({name, Journal::removedName(name)});
+}
+
 QByteArray UnitOfWork::read(const QString &path, int recordLength, int n) const
 {
     const QString name = fileName(path);
@@ -330,6 +351,14 @@ bool UnitOfWork::commit()
         if (!notice.isEmpty() && failureReport())
             failureReport()(notice, FailureTitle);
     }
+    // With no journal left, a file under a removed name is what an earlier unit
+    // removed: it goes now, before it could stand in the way of this unit's.
+    for (const Rename &r : m_renames)
+        if (Journal::isRemovedName(r.to)
+            && QFileInfo::exists(m_dataDir + QLatin1Char('/') + r.to)) {
+            deleteRemoved(m_dataDir);
+            break;
+        }
     if (const QString problem = checkWritable(); !problem.isEmpty()) {
         fail(QStringLiteral("Not saved: %1.").arg(problem), unchanged);
         return false;
@@ -388,6 +417,13 @@ bool UnitOfWork::commit()
         return false;
     }
     QFile::remove(journal);
+    const bool removes = std::any_of(m_renames.begin(), m_renames.end(),
+                                     [](const Rename &r) { return Journal::isRemovedName(r.to); });
+    if (removes) {
+        // The journal must be gone for good before what it could put back is.
+        syncPath(m_dataDir);
+        deleteRemoved(m_dataDir);
+    }
     m_writes.clear();
     m_renames.clear();
     return true;
@@ -418,8 +454,10 @@ bool UnitOfWork::recover(const QString &dataDir, QString *error, QString *notice
     for (const QString &name : partial)
         QFile::remove(dataDir + QLatin1Char('/') + name);
     QFile f(journal);
-    if (!f.exists())
+    if (!f.exists()) {
+        deleteRemoved(dataDir);
         return true;
+    }
     if (!f.open(QIODevice::ReadOnly)) {
         if (error)
             *error = QStringLiteral("Could not read \"%1\".").arg(journal);
@@ -454,8 +492,13 @@ bool UnitOfWork::recover(const QString &dataDir, QString *error, QString *notice
         break;
     }
     FileChanges changes(dataDir);
-    if (applyForward(changes, j))
-        return QFile::remove(journal);
+    if (applyForward(changes, j)) {
+        if (!QFile::remove(journal))
+            return false;
+        syncPath(dataDir);
+        deleteRemoved(dataDir);
+        return true;
+    }
     const QString line = failureLine(changes);
     if (!applyBackward(changes, j)) {
         if (error)
@@ -465,6 +508,7 @@ bool UnitOfWork::recover(const QString &dataDir, QString *error, QString *notice
     }
     QFile::remove(journal);
     syncPath(dataDir);
+    deleteRemoved(dataDir);
     if (notice)
         *notice = QStringLiteral("An unfinished change could not be finished: %1. It has been "
                                  "undone; your data is as it was before it.")

@@ -28,6 +28,10 @@
 //
 // All files of a unit live in the data folder. Renames are applied before the
 // writes, so writes name files by the names they have after the renames.
+// A file is removed in two steps: within the unit it is renamed to a name of
+// its own ("Removed " + name), which a failed unit puts back like any rename;
+// once the unit is done the renamed file is deleted. A start finds such files
+// left over only after their unit was done, and deletes them.
 class UnitOfWork
 {
 public:
@@ -50,6 +54,8 @@ public:
 
     // Renames a file (both in the data folder).
     void rename(const QString &from, const QString &to);
+    // Removes a file of the data folder; a file that is not there is no error.
+    void remove(const QString &path);
 
     // Record count as it will be after this unit.
     int count(const QString &path, int recordLength) const;

@@ -85,6 +85,27 @@ UnitOfWork operation(const QString &dir)
     return unit;
 }
 
+// Archiving one account and deleting another: a rename, record writes, and
+// two removals, one of a file that is not there.
+UnitOfWork archiveAndDelete(const QString &dir)
+{
+    UnitOfWork unit(dir);
+    unit.write(in(dir, "BankAcctName.Dat"), 1, account(1, "Deleted", 100'00));
+    unit.write(in(dir, "BankAcctName.Dat"), 2, account(2, "Deleted", 5'00));
+    unit.rename(in(dir, "trans Old.Dat"), in(dir, "Archive Old.Dat"));
+    unit.append(in(dir, "Archive.Dat"),
+                ArchiveRecord{1, QStringLiteral("CH"), QStringLiteral("Old")});
+    unit.remove(in(dir, "trans Everyday.Dat"));
+    unit.remove(in(dir, "trans Nowhere.Dat"));
+    return unit;
+}
+
+void makeOldWithEveryday(const QString &dir)
+{
+    makeOld(dir);
+    writeBytes(in(dir, "trans Everyday.Dat"), UnitOfWork::encoded(entry(1, "Opening", 1)));
+}
+
 // A journal as a tampered one would be: checking out, but naming what it likes.
 QByteArray journalNaming(const QString &file, int length = BankAcctRecord::Size, qint64 offset = 0,
                          const QString &renameTo = {})
@@ -288,6 +309,60 @@ private Q_SLOTS:
         QVERIFY(recovered);
         QVERIFY(notice.contains(QStringLiteral("undone")));
         QVERIFY(folderSnapshot(dir.path()) == allOld);
+    }
+
+    // A removed file is renamed within the unit and deleted once the unit is
+    // done. Killed at any step after the journal is valid, the next start ends
+    // with the file gone and every other change made; killed before, or with a
+    // write failing, nothing is gone.
+    void removalIsPartOfTheUnit()
+    {
+        QTemporaryDir ref;
+        makeOldWithEveryday(ref.path());
+        const auto allOld = folderSnapshot(ref.path());
+        int lastStep = 0;
+        UnitOfWork::setStepHook([&lastStep](int done) { lastStep = std::max(lastStep, done); });
+        QVERIFY(archiveAndDelete(ref.path()).commit());
+        UnitOfWork::setStepHook({});
+        QCOMPARE(lastStep, 5); // two renames, three writes
+        const auto allNew = folderSnapshot(ref.path());
+        QCOMPARE(allNew.keys(),
+                 (QStringList{"Archive Old.Dat", "Archive.Dat", "BankAcctName.Dat", "Payee.Dat"}));
+
+        for (int k = 0; k <= lastStep; ++k) {
+            QTemporaryDir dir;
+            makeOldWithEveryday(dir.path());
+            UnitOfWork unit = archiveAndDelete(dir.path());
+            {
+                KillAt kill(k);
+                QVERIFY_THROWS_EXCEPTION(Killed, unit.commit());
+            }
+            QVERIFY(UnitOfWork::recover(dir.path()));
+            QVERIFY2(folderSnapshot(dir.path()) == allNew,
+                     qPrintable(QStringLiteral("step %1").arg(k)));
+        }
+        // Done, but stopped before the removed file was deleted: the next start
+        // deletes it.
+        QTemporaryDir done;
+        makeOldWithEveryday(done.path());
+        QVERIFY(archiveAndDelete(done.path()).commit());
+        writeBytes(in(done.path(), "Removed trans Everyday.Dat"), "left over");
+        QVERIFY(UnitOfWork::recover(done.path()));
+        QVERIFY(folderSnapshot(done.path()) == allNew);
+
+        // A journal left half written, or a write failing, removes nothing.
+        QTemporaryDir half;
+        makeOldWithEveryday(half.path());
+        writeBytes(in(half.path(), "Quillmere.journal.x1Y2z3"), "half");
+        QVERIFY(UnitOfWork::recover(half.path()));
+        QVERIFY(folderSnapshot(half.path()) == allOld);
+        QTemporaryDir failing;
+        makeOldWithEveryday(failing.path());
+        UnitOfWork::setFaultHook([](int k) { return k == 4; });
+        const bool committed = archiveAndDelete(failing.path()).commit();
+        UnitOfWork::setFaultHook({});
+        QVERIFY(!committed);
+        QVERIFY(folderSnapshot(failing.path()) == allOld);
     }
 
     // Replay writes only the data files of the data folder, by plain names and
