@@ -8,6 +8,7 @@
 #include "records/BudgetRecord.h"
 #include "records/PayeeRecord.h"
 #include "records/RecordFile.h"
+#include "records/RemovedMark.h"
 #include "records/TransactionClasses.h"
 #include "records/TransactionTemplate.h"
 #include "records/TransactionTypes.h"
@@ -24,8 +25,7 @@ bool AccountService::nameInUse(const QString &name, int exceptBankNum) const
 {
     // "Deleted" marks a removed record, and the register of an account called
     // "Budget" would be the budget-transfer file "trans Budget.Dat".
-    if (AccountNames::same(name, QStringLiteral("Deleted"))
-        || AccountNames::same(name, QStringLiteral("Budget")))
+    if (RemovedMark::marks(name) || AccountNames::same(name, QStringLiteral("Budget")))
         return true;
     for (const DataFiles &set : {m_files, m_files.other()}) {
         RecordFile<BankAcctRecord> accounts(set.accountList());
@@ -81,7 +81,7 @@ AccountService::Result AccountService::add(const NewAccount &account)
     const auto amount = Currency::parse(typed);
     if (!amount)
         return refuse(QStringLiteral("The Starting Balance must be a number"));
-    if (amount->isNegative())
+    if (amount->isNegative() || EntryChecks::hasSign(typed))
         return refuse(
             QStringLiteral("Enter the Starting Balance without a sign and choose Debit or Credit"));
     if (exceedsMaxAmount(*amount))
@@ -94,6 +94,8 @@ AccountService::Result AccountService::add(const NewAccount &account)
     BankAcctRecord acct;
     acct.Type = code;
     acct.BankName = name;
+    // Every file name and link is built from the name exactly as the record holds it.
+    const QString storedName = acct.BankName.text();
     acct.Balance = signedAmount;
     acct.NextCheckNum = -1;
     acct.ViewFromDate = QStringLiteral("All");
@@ -118,8 +120,8 @@ AccountService::Result AccountService::add(const NewAccount &account)
             return refuse(QStringLiteral("The budget has no room for another category"));
         BudgetRecord cat;
         cat.BudNum = static_cast<std::int16_t>(budNum);
-        cat.BudName = name;
-        cat.CCBankName = name;
+        cat.BudName = storedName;
+        cat.CCBankName = storedName;
         cat.CCBankRecnum = acct.BankNum;
         cat.AmountText = QStringLiteral("0");
         unit.write(m_files.budget(), budNum, cat);
@@ -142,11 +144,11 @@ AccountService::Result AccountService::add(const NewAccount &account)
     }
     opening.BudName = TransactionTemplate::NoCategory;
     opening.TransClass = card ? TransactionClasses::CCTrans : TransactionClasses::NormTrans;
-    opening.CCBankName = card ? name : TransactionTemplate::NoCategory;
+    opening.CCBankName = card ? storedName : TransactionTemplate::NoCategory;
     opening.CCBankNum = card ? acct.BankNum : 0;
     opening.CCBudNum = static_cast<std::int16_t>(budNum);
     opening.Amount = signedAmount;
-    unit.write(m_files.registerFile(name), 1, opening);
+    unit.write(m_files.registerFile(storedName), 1, opening);
 
     if (!unit.commit())
         return refuse(unit.error());
@@ -159,12 +161,14 @@ AccountService::Result AccountService::rename(int bankNum, const QString &newNam
     const BankAcctRecord old = book.read(bankNum);
     if (bankNum < 1 || bankNum > book.count() || old.isDeleted() || old.BankName.isBlank())
         return refuse(SelectToRename);
-    const QString name = AccountNames::stored(newName);
+    const QString typed = AccountNames::stored(newName);
     const QString oldName = old.BankName.text();
-    if (name == oldName)
+    if (typed == oldName)
         return {true, QString(), bankNum};
-    if (auto problem = checkName(name, bankNum))
+    if (auto problem = checkName(typed, bankNum))
         return refuse(*problem);
+    // Every file name and link is built from the name exactly as the record holds it.
+    const QString name = decltype(BankAcctRecord::BankName)(typed).text();
 
     UnitOfWork unit(m_files.dataDir());
     const QString oldRegister = m_files.registerFile(oldName);

@@ -2,6 +2,7 @@
 
 #include "budget/BudgetBook.h"
 #include "core/EntryChecks.h"
+#include "records/RemovedMark.h"
 #include "records/UnitOfWork.h"
 
 #include <utility>
@@ -32,7 +33,7 @@ std::optional<QString> BudgetCategories::nameProblem(const QString &name) const
 {
     if (name.trimmed().size() > 20)
         return NameTooLong;
-    if (name.trimmed().compare(QStringLiteral("Deleted"), Qt::CaseInsensitive) == 0)
+    if (RemovedMark::marks(name))
         return NameReserved;
     return std::nullopt;
 }
@@ -127,7 +128,7 @@ BudgetCategories::Result BudgetCategories::remove(int budNum)
     freed.BudNum = static_cast<std::int16_t>(budNum);
     freed.Balance = Currency();
     freed.AmountText = BudgetBook::amountText(Currency());
-    freed.BudName = QStringLiteral("Deleted");
+    freed.BudName = RemovedMark::Text;
     freed.CCBankName = BudgetBook::amountText(Currency());
     freed.CCBankRecnum = 0;
     freed.ItemCount = 0;

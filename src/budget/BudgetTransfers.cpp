@@ -4,6 +4,7 @@
 #include "core/EntryChecks.h"
 #include "records/BudgetRecord.h"
 #include "records/RecordFile.h"
+#include "records/RemovedMark.h"
 #include "records/UnitOfWork.h"
 
 #include <algorithm>
@@ -64,6 +65,9 @@ std::optional<BudgetTransfers::Result> BudgetTransfers::commonChecks(const Reque
         return refuse(EntryChecks::BadDateText, EntryChecks::BadDateTitle);
     if (request.description.trimmed().isEmpty())
         return refuse(CompleteAll);
+    // Stored, it would read as a free record: the transfer would vanish from the list.
+    if (RemovedMark::marks(request.description))
+        return refuse(DescriptionReserved);
     return std::nullopt;
 }
 
@@ -226,7 +230,7 @@ BudgetTransfers::Result BudgetTransfers::remove(QList<int> recordNumbers)
         if (!recordNumbers.contains(int(i) + 1))
             kept.push_back(all[i]);
     BudgetTransRecord freed;
-    freed.Description = QStringLiteral("Deleted");
+    freed.Description = RemovedMark::Text;
     while (kept.size() < all.size())
         kept.push_back(freed);
 

@@ -70,6 +70,8 @@ public:
     inline static const QString SetUpBudget = QStringLiteral(" Please set up a monthly budget");
     inline static const QString DifferentCategories
         = QStringLiteral("Select different budget categories");
+    inline static const QString DescriptionReserved
+        = QStringLiteral("\"Deleted\" cannot be the description of a transfer");
     inline static const QString ExceededTitle = QStringLiteral("Budget Balance exceeded");
 
 private:

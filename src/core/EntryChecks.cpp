@@ -58,4 +58,34 @@ QString formatShortDate(const QDate &date)
     return date.toString(QStringLiteral("MM/dd/yy"));
 }
 
+bool hasSign(const QString &amountText)
+{
+    const QString t = amountText.trimmed();
+    return t.startsWith(QLatin1Char('+')) || t.startsWith(QLatin1Char('-'))
+           || t.startsWith(QLatin1Char('('));
+}
+
+namespace {
+
+QString balanceText(const QString &noun, const BalanceShortfall &s, const QString &lineBreak)
+{
+    return QStringLiteral("The ") + noun + QStringLiteral(" amount of ")
+           + s.amount.abs().toCurrencyText() + QStringLiteral(" exceeds the ") + s.accountName
+           + QStringLiteral(" balance of ") + s.balance.toCurrencyText() + QStringLiteral(" by ")
+           + s.after.abs().toCurrencyText() + QLatin1Char('.') + lineBreak + lineBreak
+           + QStringLiteral("     ---- The Account will go negative. ----");
+}
+
+} // namespace
+
+QString registerBalanceText(const BalanceShortfall &s)
+{
+    return balanceText(QStringLiteral("transaction"), s, QStringLiteral("\n"));
+}
+
+QString transferBalanceText(const BalanceShortfall &s)
+{
+    return balanceText(QStringLiteral("transfer"), s, QStringLiteral("\r\n"));
+}
+
 } // namespace EntryChecks

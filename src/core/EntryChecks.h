@@ -27,4 +27,23 @@ inline const QString BadDateText
 inline const QString MaxAmountTitle = QStringLiteral("Maximum Number Exceeded");
 inline const QString MaxAmountText = QStringLiteral("Maximum Number is 90,000,000,000");
 
+// Amounts are typed without a sign (what they stand for gives it): "+5",
+// "-0" and "(5.00)" are refused wherever an amount is typed.
+bool hasSign(const QString &amountText);
+
+// The warning shown before an entry would take a bank account below zero. The
+// register and the transfer panel word it alike; the register's title is
+// capitalised, and the transfer panel breaks its lines with "\r\n".
+inline const QString RegisterBalanceTitle = QStringLiteral("Account Balance Exceeded");
+inline const QString TransferBalanceTitle = QStringLiteral("Account Balance exceeded");
+struct BalanceShortfall
+{
+    Currency amount;     // the amount of the entry, unsigned
+    QString accountName; // as it is shown
+    Currency balance;    // the balance before the entry
+    Currency after;      // the balance after it (below zero)
+};
+QString registerBalanceText(const BalanceShortfall &s);
+QString transferBalanceText(const BalanceShortfall &s);
+
 } // namespace EntryChecks

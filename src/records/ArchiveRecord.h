@@ -1,6 +1,7 @@
 #pragma once
 
 #include "records/FixedText.h"
+#include "records/RemovedMark.h"
 
 #include <cstdint>
 
@@ -13,7 +14,7 @@ struct ArchiveRecord
     FixedText<2> Type;
     FixedText<30> BankName;
 
-    bool isDeleted() const { return BankName.is(QStringLiteral("Deleted")); }
+    bool isDeleted() const { return BankName.is(RemovedMark::Text); }
 
     static ArchiveRecord decode(const char *p);
     void encode(char *p) const;

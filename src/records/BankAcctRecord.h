@@ -2,6 +2,7 @@
 
 #include "records/Currency.h"
 #include "records/FixedText.h"
+#include "records/RemovedMark.h"
 
 #include <cstdint>
 
@@ -18,7 +19,7 @@ struct BankAcctRecord
     FixedText<15> ViewFromDate;
     std::int16_t ViewOption = 0;
 
-    bool isDeleted() const { return BankName.is(QStringLiteral("Deleted")); }
+    bool isDeleted() const { return BankName.is(RemovedMark::Text); }
 
     static BankAcctRecord decode(const char *p);
     void encode(char *p) const;

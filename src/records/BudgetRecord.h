@@ -2,6 +2,7 @@
 
 #include "records/Currency.h"
 #include "records/FixedText.h"
+#include "records/RemovedMark.h"
 
 #include <array>
 #include <cstdint>
@@ -23,7 +24,7 @@ struct BudgetRecord
     std::int16_t Flag = 0;
     std::array<FixedText<15>, MaxItems> ItemAmounts;
 
-    bool isDeleted() const { return BudName.is(QStringLiteral("Deleted")); }
+    bool isDeleted() const { return BudName.is(RemovedMark::Text); }
 
     static BudgetRecord decode(const char *p);
     void encode(char *p) const;

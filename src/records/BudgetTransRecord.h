@@ -2,6 +2,7 @@
 
 #include "records/Currency.h"
 #include "records/FixedText.h"
+#include "records/RemovedMark.h"
 
 #include <cstdint>
 
@@ -17,7 +18,7 @@ struct BudgetTransRecord
     std::int16_t ToBudNum = 0;
     Currency Amount;
 
-    bool isDeleted() const { return Description.is(QStringLiteral("Deleted")); }
+    bool isDeleted() const { return Description.is(RemovedMark::Text); }
 
     static BudgetTransRecord decode(const char *p);
     void encode(char *p) const;

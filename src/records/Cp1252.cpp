@@ -37,6 +37,11 @@ QByteArray encode(const QString &text)
     return out;
 }
 
+bool holds(char32_t c)
+{
+    return c == U'?' || (c <= 0xFFFF && encodeOne(static_cast<char16_t>(c)) != '?');
+}
+
 QString decode(const char *bytes, int length)
 {
     QString out(length, Qt::Uninitialized);

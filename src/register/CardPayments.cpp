@@ -1,6 +1,7 @@
 #include "register/CardPayments.h"
 
 #include "accounts/AccountBook.h"
+#include "accounts/AccountNames.h"
 #include "budget/BudgetBook.h"
 #include "budget/BudgetPosting.h"
 #include "core/EntryChecks.h"
@@ -68,6 +69,9 @@ CardPayments::Result CardPayments::add(int bankNum, TransRecord bankSide, int ca
     if (bankNum < 1 || bank.isDeleted() || cardBankNum < 1 || cardBankNum > book.count()
         || card.isDeleted() || !AccountKinds::isCard(card.Type.text()))
         return refuse(QStringLiteral("That credit card is no longer in the account list"));
+    for (const BankAcctRecord *account : {&bank, &card})
+        if (const auto notice = AccountNames::damagedNotice(account->BankName.text()))
+            return refuse(*notice, AccountNames::DamagedTitle);
     const QString bankPath = m_files.registerFile(bank.BankName.text());
     const QString cardPath = m_files.registerFile(card.BankName.text());
     for (const BankAcctRecord *a : {&bank, &card})

@@ -51,12 +51,43 @@ QString typedText(const QString &digits)
     return CheckPrefix + digits;
 }
 
+std::optional<Typed> typedNumber(const QString &text)
+{
+    Typed typed;
+    bool overflow = false;
+    for (QChar c : text) {
+        if (c < QLatin1Char('0') || c > QLatin1Char('9'))
+            continue;
+        typed.digits += c;
+        if (typed.number > (std::numeric_limits<std::int64_t>::max() - 9) / 10)
+            overflow = true;
+        else
+            typed.number = typed.number * 10 + (c.unicode() - '0');
+    }
+    if (typed.digits.isEmpty())
+        return std::nullopt;
+    if (overflow)
+        typed.number = std::numeric_limits<std::int64_t>::max();
+    return typed;
+}
+
 std::optional<std::int64_t> numberOfTypeText(const QString &typeText)
 {
     const QString t = typeText.trimmed();
     if (!t.startsWith(CheckPrefix))
         return std::nullopt;
-    return numericValue(t.mid(CheckPrefix.size()));
+    const auto typed = typedNumber(t.mid(CheckPrefix.size()));
+    if (!typed)
+        return std::nullopt;
+    return typed->number;
+}
+
+QString storedTypeText(const QString &typeText)
+{
+    const QString rest = typeText.trimmed().mid(CheckPrefix.size());
+    const auto typed = typedNumber(rest);
+    const QString digits = typed ? typed->digits : QString();
+    return rest.startsWith(QLatin1Char(' ')) ? QLatin1Char(' ') + digits : digits;
 }
 
 bool acceptsKey(int key, const QString &text)
@@ -91,16 +122,14 @@ TypeChoice chooseType(const QString &listEntry, std::int32_t lastNumber, const I
 TypedNumber acceptTyped(const QString &typed, const IsTaken &isTaken)
 {
     TypedNumber result;
-    const auto number = numericValue(typed.trimmed());
+    const auto number = typedNumber(typed);
     if (!number)
         return result;
-    result.number = *number;
-    for (QChar c : typed)
-        if (c >= QLatin1Char('0') && c <= QLatin1Char('9'))
-            result.digits += c;
-    if (*number > std::numeric_limits<std::int32_t>::max())
+    result.number = number->number;
+    result.digits = number->digits;
+    if (result.number > std::numeric_limits<std::int32_t>::max())
         result.outcome = TypedNumber::Outcome::TooLarge;
-    else if (isTaken(*number))
+    else if (isTaken(result.number))
         result.outcome = TypedNumber::Outcome::Duplicate;
     else
         result.outcome = TypedNumber::Outcome::Accepted;

@@ -39,8 +39,22 @@ std::optional<std::int32_t> nextAfter(std::int32_t last);
 QString offeredText(std::int32_t number);
 QString typedText(const QString &digits);
 
-// The number a type text "Check #..." carries, when it carries one.
+// A check number as typed or pasted: its digits, read as one number. Anything
+// between them is a separator and dropped ("1,234", "1 234" and "12a34" are
+// all 1234), so the number tested for a duplicate is the one stored and shown.
+struct Typed
+{
+    QString digits;          // leading zeros kept
+    std::int64_t number = 0; // the largest int64 when the digits do not fit
+};
+// Nothing when the text holds no digit.
+std::optional<Typed> typedNumber(const QString &text);
+
+// The number a type text "Check #..." carries, read as typedNumber() reads it.
 std::optional<std::int64_t> numberOfTypeText(const QString &typeText);
+// What the record's Type field keeps of a type text "Check #...": the blank
+// after "#" when there is one ("Check # 1001", as offered) and the digits.
+QString storedTypeText(const QString &typeText);
 
 // Only digits and Backspace may be typed into the check-number box.
 bool acceptsKey(int key, const QString &text);

@@ -83,7 +83,7 @@ std::optional<Refusal> validate(const QString &kindCode, const Input &input)
     const auto amount = Currency::parse(input.amountText);
     if (!amount)
         return Refusal{Refusal::Where::Label, QStringLiteral("The amount must be a number"), {}};
-    if (amount->isNegative())
+    if (amount->isNegative() || EntryChecks::hasSign(input.amountText))
         return Refusal{Refusal::Where::Label,
                        QStringLiteral("Type the amount without a sign: the type gives it its sign"),
                        {}};
@@ -127,11 +127,7 @@ BalanceCheck checkAccountBalance(const Input &input, const QString &accountName,
     const Currency base = changeMode ? balance - oldSignedAmount : balance;
     const Currency after = base + amount;
     if (after < Currency())
-        check.warning = QStringLiteral("The transaction amount of ") + amount.abs().toCurrencyText()
-                        + QStringLiteral(" exceeds the ") + accountName
-                        + QStringLiteral(" balance of ") + base.toCurrencyText()
-                        + QStringLiteral(" by ") + after.abs().toCurrencyText()
-                        + QStringLiteral(".\n\n     ---- The Account will go negative. ----");
+        check.warning = EntryChecks::registerBalanceText({amount, accountName, base, after});
     check.incorrectPaymentType = index < TransactionTypes::TypeNum::Check && input.cardIndex > 0;
     return check;
 }
@@ -143,7 +139,7 @@ TransRecord fillRecord(TransRecord r, const Input &input, const BankAcctRecord &
     const QString type = input.typeText.trimmed();
     const int code = TransactionTypes::typeNum(type);
     if (AccountKinds::keepsCheckNumbers(kind) && isCheckText(type)) {
-        r.Type = type.mid(CheckNumbers::CheckPrefix.size());
+        r.Type = CheckNumbers::storedTypeText(type);
         r.TypeNum = TransactionTypes::TypeNum::Check;
     } else {
         r.Type = type;

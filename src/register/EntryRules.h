@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/EntryChecks.h"
 #include "records/BankAcctRecord.h"
 #include "records/Currency.h"
 #include "records/TransRecord.h"
@@ -39,7 +40,7 @@ inline const QString IncorrectPaymentType = QStringLiteral(" Incorrect payment t
 inline const QString NoAccountsTitle = QStringLiteral("No Bank Accounts");
 inline const QString NoAccountsText
     = QStringLiteral("No Bank Accounts have been set up. \nAdd a Bank Account.");
-inline const QString BalanceExceededTitle = QStringLiteral("Account Balance Exceeded");
+inline const QString &BalanceExceededTitle = EntryChecks::RegisterBalanceTitle;
 
 // The types offered in cmbType for an account kind ("CH", "SV", "MM", "CC").
 QStringList typesFor(const QString &kindCode);

@@ -2,6 +2,7 @@
 
 #include "records/PayeeRecord.h"
 #include "records/RecordFile.h"
+#include "records/RemovedMark.h"
 #include "records/UnitOfWork.h"
 
 #include <QSet>
@@ -41,6 +42,8 @@ PayeeBook::Result PayeeBook::add(int bankNum, const QString &accountName, const 
     const QString text = payee.trimmed();
     if (text.isEmpty())
         return {false, QStringLiteral("Type a payee first"), 0};
+    if (RemovedMark::marks(text))
+        return {false, QStringLiteral("\"Deleted\" cannot be a payee"), 0};
     const QString path = m_files.payees();
     const std::vector<PayeeRecord> records = RecordFile<PayeeRecord>(path).readAll();
     int slot = 0;

@@ -238,8 +238,7 @@ void RegisterPanel::FillRegisterGrid()
     m_model->setRegister({}, 0, isCard(m_account));
     RegisterService::Loaded loaded = RegisterService(m_files).load(m_account);
     if (!loaded.error.isEmpty())
-        m_interaction.message(loaded.error, RegisterRefusals::MissingTitle,
-                              Interaction::Icon::Critical);
+        m_interaction.message(loaded.error, loaded.title, Interaction::Icon::Critical);
     else if (loaded.recreated)
         m_interaction.message(RegisterRefusals::recreated(m_account.BankName.text()),
                               RegisterRefusals::MissingTitle, Interaction::Icon::Exclamation);

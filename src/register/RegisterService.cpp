@@ -1,6 +1,7 @@
 #include "register/RegisterService.h"
 
 #include "accounts/AccountBook.h"
+#include "accounts/AccountNames.h"
 #include "budget/BudgetPosting.h"
 #include "records/RecordFile.h"
 #include "records/TransactionClasses.h"
@@ -21,13 +22,20 @@ RegisterService::Loaded RegisterService::load(const BankAcctRecord &account) con
     Loaded loaded;
     if (account.BankNum == 0)
         return loaded;
+    if (const auto notice = AccountNames::damagedNotice(account.BankName.text())) {
+        loaded.error = *notice;
+        loaded.title = AccountNames::DamagedTitle;
+        return loaded;
+    }
     const QString path = m_files.registerFile(account.BankName.text());
     RecordFile<TransRecord> file(path);
     if (!QFileInfo::exists(path)) {
         loaded.recreated = true;
-        if (!file.open())
+        if (!file.open()) {
             loaded.error = QStringLiteral("The register \"%1\" could not be created: %2")
                                .arg(QFileInfo(path).fileName(), file.errorString());
+            loaded.title = RegisterRefusals::MissingTitle;
+        }
         return loaded;
     }
     loaded.records = file.readAll();
@@ -59,6 +67,8 @@ RegisterService::Result RegisterService::write(int bankNum, int recordNumber, Tr
     BankAcctRecord account = book.read(bankNum);
     if (bankNum < 1 || bankNum > book.count() || account.isDeleted())
         return refuse(QStringLiteral("There is no such account."));
+    if (const auto notice = AccountNames::damagedNotice(account.BankName.text()))
+        return refuse(*notice, AccountNames::DamagedTitle);
     const QString path = m_files.registerFile(account.BankName.text());
     if (!QFileInfo::exists(path)) {
         // Removed behind the program's back: start it again, empty, and say so

@@ -21,6 +21,7 @@ public:
         // The register file was missing and has been created again, empty.
         bool recreated = false;
         QString error;
+        QString title; // of the message box that shows `error`
     };
     Loaded load(const BankAcctRecord &account) const;
 

@@ -1,6 +1,7 @@
 #include "transfers/TransferService.h"
 
 #include "accounts/AccountBook.h"
+#include "accounts/AccountNames.h"
 #include "core/EntryChecks.h"
 #include "records/AccountKinds.h"
 #include "records/RecordFile.h"
@@ -77,6 +78,9 @@ std::optional<TransferService::Result> TransferService::validate(const Request &
     if (from.isDeleted() || to.isDeleted() || request.fromBankNum > book.count()
         || request.toBankNum > book.count())
         return refuse(QStringLiteral("One of the accounts has been removed"));
+    for (const BankAcctRecord *account : {&from, &to})
+        if (const auto notice = AccountNames::damagedNotice(account->BankName.text()))
+            return refuse(*notice, AccountNames::DamagedTitle);
     const QString type = request.typeText.trimmed();
     // Only checking and money-market accounts write checks.
     const bool check = AccountKinds::keepsCheckNumbers(from.Type.text())
@@ -92,6 +96,8 @@ std::optional<TransferService::Result> TransferService::validate(const Request &
         return refuse(QStringLiteral("The amount must be a number"));
     if (exceedsMaxAmount(*amount))
         return refuse(EntryChecks::MaxAmountText, EntryChecks::MaxAmountTitle);
+    if (EntryChecks::hasSign(request.amountText))
+        return refuse(QStringLiteral("Type the amount without a sign"));
     if (amount->isNegative() || amount->isZero())
         return refuse(QStringLiteral("Enter an amount greater than zero"));
     return std::nullopt;
@@ -108,11 +114,7 @@ std::optional<QString> TransferService::balanceWarning(const Request &request,
     const Currency after = base - amount;
     if (after >= Currency())
         return std::nullopt;
-    return QStringLiteral("The transfer amount of ") + amount.toCurrencyText()
-           + QStringLiteral(" exceeds the ") + from.BankName.text().trimmed()
-           + QStringLiteral(" balance of ") + base.toCurrencyText() + QStringLiteral(" by ")
-           + after.abs().toCurrencyText()
-           + QStringLiteral(".\r\n\r\n     ---- The Account will go negative. ----");
+    return EntryChecks::transferBalanceText({amount, from.BankName.text().trimmed(), base, after});
 }
 
 namespace {
@@ -145,7 +147,7 @@ void fillPair(const TransferService::Request &request, const BankAcctRecord &fro
         r->PaidToBankNum = to.BankNum;
     }
     if (check) {
-        f.Type = type.mid(CheckNumbers::CheckPrefix.size());
+        f.Type = CheckNumbers::storedTypeText(type);
         f.TypeNum = TransactionTypes::TypeNum::Check;
     } else {
         f.Type = type;

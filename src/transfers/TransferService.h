@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/EntryChecks.h"
 #include "records/Currency.h"
 #include "records/DataFiles.h"
 
@@ -55,7 +56,7 @@ public:
     // moves both balances by the difference. The accounts stay as they were.
     Result change(int fromBankNum, int fromRecord, const Request &request);
 
-    inline static const QString WarningTitle = QStringLiteral("Account Balance exceeded");
+    inline static const QString &WarningTitle = EntryChecks::TransferBalanceTitle;
     inline static const QString SameAccounts = QStringLiteral("Select two Different Accounts");
     inline static const QString Incomplete = QStringLiteral("Some entries are not complete");
 

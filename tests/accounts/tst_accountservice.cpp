@@ -96,7 +96,7 @@ private Q_SLOTS:
         auto row = [](const char *tag, const QString &name, const char *message,
                       const char *balance = "100.00") {
             QTest::newRow(tag) << name << QString::fromLatin1(balance)
-                               << QString::fromLatin1(message);
+                               << QString::fromUtf8(message);
         };
         // Each reason once; a name is in use in either data set, live or archived,
         // and the register file names and the removal marker are taken too.
@@ -107,7 +107,16 @@ private Q_SLOTS:
         row("character", QStringLiteral("A/B"), "An account name cannot contain the character /");
         row("tab", QStringLiteral("A\tB"), "An account name cannot contain control characters");
         row("trailing dot", QStringLiteral("Visa."), "An account name cannot end with a dot");
-        row("trailing blank", QStringLiteral("Visa "), "An account name cannot end with a blank");
+        // Blanks at the end cannot be stored: the name is compared without them.
+        row("trailing blanks, name taken", QStringLiteral("everyday  "), " This Name is in Use");
+        row("leading blank", QStringLiteral(" Visa"), "An account name cannot begin with a blank");
+        // The account list's text is single-byte: what it cannot hold is named.
+        row("greek", QStringLiteral("\u03A9mega"),
+            "An account name cannot contain the character \u03A9");
+        row("undefined byte", QStringLiteral("x\u0081y"),
+            "An account name cannot contain the character U+0081");
+        row("emoji", QStringLiteral("Savings \U0001F4B0"),
+            "An account name cannot contain the character \U0001F4B0");
         row("device name", QStringLiteral("lpt1.txt"), "An account name cannot be the word LPT1");
         row("no balance", QStringLiteral("New"), "Enter a Starting Balance (0 when there is none)",
             " ");
@@ -115,6 +124,10 @@ private Q_SLOTS:
             "12x");
         row("negative balance", QStringLiteral("New"),
             "Enter the Starting Balance without a sign and choose Debit or Credit", "(5.00)");
+        row("plus sign", QStringLiteral("New"),
+            "Enter the Starting Balance without a sign and choose Debit or Credit", "+5");
+        row("minus zero", QStringLiteral("New"),
+            "Enter the Starting Balance without a sign and choose Debit or Credit", "-0");
         row("balance at the limit", QStringLiteral("New"), "Maximum Number is 90,000,000,000",
             "90,000,000,000");
     }
@@ -149,6 +162,12 @@ private Q_SLOTS:
                                                      << "0" << false << qint64(0);
         QTest::newRow("card owing") << 3 << "Travel Visa"
                                     << "642.18" << true << qint64(-6421800);
+        QTest::newRow("trailing blanks") << 0 << "Joint Checking  "
+                                         << "5" << false << qint64(50000);
+        QTest::newRow("blank as 30th character") << 1 << "ABCDEFGHIJKLMNOPQRSTUVWXYZ012 45"
+                                                 << "5" << false << qint64(50000);
+        QTest::newRow("code page letters") << 0 << "Caf\u00E9 \u20ACuro \u0160t\u00FCck"
+                                           << "5" << false << qint64(50000);
     }
     void addStoresAccountAndOpeningEntry()
     {
@@ -162,7 +181,7 @@ private Q_SLOTS:
         const DataFiles f(dir.path(), false);
         const auto r = add(f, kind, name, balance, debit);
         QVERIFY2(r.ok, qPrintable(r.error));
-        const QString stored = name.left(30);
+        const QString stored = name.left(30).trimmed();
         const BankAcctRecord a = get<BankAcctRecord>(f.accountList(), 2);
         QCOMPARE(a.BankNum, std::int16_t(2));
         QCOMPARE(a.Type.text(), (QStringList{"CH", "SV", "MM", "CC"}[kind]));
@@ -234,6 +253,9 @@ private Q_SLOTS:
         QCOMPARE(service.rename(2, QStringLiteral(" everyday")).error,
                  QStringLiteral("An account name cannot begin with a blank"));
         QCOMPARE(service.rename(2, QStringLiteral("EVERYDAY")).error, InUse);
+        QCOMPARE(service.rename(2, QStringLiteral("Everyday   ")).error, InUse);
+        QCOMPARE(service.rename(2, QStringLiteral("\u03A9mega")).error,
+                 QStringLiteral("An account name cannot contain the character \u03A9"));
         QVERIFY(folderSnapshot(dir.path()) == before);
     }
 
@@ -266,6 +288,12 @@ private Q_SLOTS:
         QCOMPARE(get<TransRecord>(everyday, 3).CCBankName.text(), QStringLiteral("Visa"));
         QCOMPARE(get<TransRecord>(reg, 1).CCBankName.text(), QStringLiteral("Travel Card"));
         QCOMPARE(get<TransRecord>(reg, 2).PaidToBankName.text(), QStringLiteral("Travel Card"));
+
+        // Blanks typed at the end are dropped, not refused.
+        QVERIFY(AccountService(f).rename(2, QStringLiteral("Travel Card   ")).ok);
+        QCOMPARE(get<BankAcctRecord>(f.accountList(), 2).BankName.text(),
+                 QStringLiteral("Travel Card"));
+        QCOMPARE(RecordFile<TransRecord>(reg).count(), 2);
 
         // Only the case changes: allowed, the register follows.
         QVERIFY(AccountService(f).rename(2, QStringLiteral("TRAVEL CARD")).ok);

@@ -378,6 +378,14 @@ private Q_SLOTS:
                                   << date << dateTitle;
         QTest::newRow("periodic, no description")
             << "periodic" << Request{ok, "  ", {}, -1, -1, "5"} << all << none;
+        // Stored, "Deleted" would mark the transfer's record free: it would vanish from the list.
+        const QString reserved = BudgetTransfers::DescriptionReserved;
+        QTest::newRow("periodic, described Deleted")
+            << "periodic" << Request{ok, " Deleted ", {}, -1, -1, "5"} << reserved << none;
+        QTest::newRow("single, described Deleted")
+            << "single" << Request{ok, "Deleted", {}, 0, 1, "5"} << reserved << none;
+        QTest::newRow("change, described DELETED")
+            << "change" << Request{ok, "DELETED", {}, 0, 1, "5"} << reserved << none;
         QTest::newRow("single, no source")
             << "single" << Request{ok, "d", {}, -1, 1, "5"} << all << none;
         QTest::newRow("single, same")

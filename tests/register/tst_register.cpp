@@ -1,5 +1,6 @@
 #include "FolderSnapshot.h"
 #include "accounts/AccountBook.h"
+#include "accounts/AccountNames.h"
 #include "accounts/AccountService.h"
 #include "core/EntryChecks.h"
 #include "records/AccountKinds.h"
@@ -169,6 +170,10 @@ private Q_SLOTS:
         row("not a number", "Withdrawal", "12x") << "The amount must be a number" << ok;
         row("negative", "Withdrawal", "-5")
             << "Type the amount without a sign: the type gives it its sign" << ok;
+        row("plus sign", "Withdrawal", "+5")
+            << "Type the amount without a sign: the type gives it its sign" << ok;
+        row("minus zero opening", "Starting Balance", " -0")
+            << "Type the amount without a sign: the type gives it its sign" << ok;
         row("zero", "Withdrawal", "0.00") << "Enter an amount greater than zero" << ok;
         row("zero opening", "Starting Balance", "0") << ok << ok;
         row("ninety billion", "Deposit", "90,000,000,000")
@@ -239,6 +244,59 @@ private Q_SLOTS:
         QVERIFY(!acceptsKey(Qt::Key_A, QStringLiteral("a")));
         QVERIFY(!acceptsKey(Qt::Key_Minus, QStringLiteral("-")));
         QVERIFY(!acceptsKey(Qt::Key_Delete, QString()));
+    }
+
+    // A number typed (or pasted) with separators is tested for a duplicate with
+    // the number that is stored and shown: its digits.
+    void typedCheckNumbers_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<int>("outcome");
+        QTest::addColumn<QString>("digits");
+        using O = CheckNumbers::TypedNumber::Outcome;
+        QTest::newRow("comma") << "1,234" << int(O::Duplicate) << "1234";
+        QTest::newRow("blank") << " 1 234 " << int(O::Duplicate) << "1234";
+        QTest::newRow("letter") << "12a34" << int(O::Duplicate) << "1234";
+        QTest::newRow("leading zero") << "01234" << int(O::Duplicate) << "01234";
+        QTest::newRow("pasted exponent") << "1e5" << int(O::Accepted) << "15";
+        QTest::newRow("free") << "1,235" << int(O::Accepted) << "1235";
+        QTest::newRow("too large") << "2,147,483,648" << int(O::TooLarge) << "2147483648";
+        QTest::newRow("far too large")
+            << "99999999999999999999999" << int(O::TooLarge) << "99999999999999999999999";
+        QTest::newRow("no digit") << "abc" << int(O::NotNumber) << "";
+    }
+    void typedCheckNumbers()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QString, digits);
+        std::vector<TransRecord> records(1);
+        records[0].Type = QStringLiteral("1234");
+        const auto taken
+            = [&records](std::int64_t n) { return CheckNumbers::isDuplicate(records, n); };
+        const auto result = CheckNumbers::acceptTyped(typed, taken);
+        QTEST(int(result.outcome), "outcome");
+        QCOMPARE(result.digits, digits);
+        if (result.outcome == CheckNumbers::TypedNumber::Outcome::NotNumber)
+            return;
+        // What the entry row then holds reads back as the number tested, and is stored so.
+        const QString typeText = CheckNumbers::typedText(result.digits);
+        QCOMPARE(CheckNumbers::numberOfTypeText(typeText), std::optional(result.number));
+        QCOMPARE(CheckNumbers::storedTypeText(typeText), digits);
+        QCOMPARE(CheckNumbers::numericValue(CheckNumbers::storedTypeText(typeText)),
+                 std::optional(result.number));
+    }
+
+    // A check typed straight into the type box is stored with the number it was checked by.
+    void typedCheckTypeStored()
+    {
+        BankAcctRecord account;
+        account.Type = QStringLiteral("CH");
+        const TransRecord typed
+            = newRecord(account, entry(QStringLiteral("Check #1,234"), QStringLiteral("5")));
+        QCOMPARE(typed.Type.text(), QStringLiteral("1234"));
+        const TransRecord offered
+            = newRecord(account, entry(QStringLiteral("Check # 1001"), QStringLiteral("5")));
+        QCOMPARE(offered.Type.text(), QStringLiteral(" 1001"));
     }
 
     // Expected: Type|TypeNum|Amount|BudName|BudNum|TransClass|CCBankName|CCBankNum|CCBudNum
@@ -455,6 +513,42 @@ private Q_SLOTS:
         QVERIFY(folderSnapshot(dir.path()) == expected);
     }
 
+    // An account list damaged on disk can hold a name with "/" or a NUL byte: no
+    // file is built from it; the register is not opened and nothing is written.
+    void damagedAccountName_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("slash") << QStringLiteral("a/b");
+        QTest::newRow("nul") << QStringLiteral("a") + QChar(0) + QStringLiteral("b");
+        QTest::newRow("dots") << QStringLiteral("..");
+    }
+    void damagedAccountName()
+    {
+        QFETCH(QString, name);
+        QTemporaryDir dir;
+        const DataFiles files(dir.path(), false);
+        const int bank = openEveryday(files);
+        UnitOfWork unit(dir.path());
+        BankAcctRecord account = AccountBook(files).read(bank);
+        account.BankName = name;
+        unit.write(files.accountList(), bank, account);
+        QVERIFY(unit.commit());
+        account = AccountBook(files).read(bank);
+        QCOMPARE(account.BankName.text(), name);
+
+        const auto before = folderSnapshot(dir.path());
+        const auto loaded = RegisterService(files).load(account);
+        QCOMPARE(loaded.title, AccountNames::DamagedTitle);
+        QVERIFY(loaded.error.contains(QStringLiteral("Its register is not opened")));
+        QVERIFY(!loaded.recreated && loaded.records.empty());
+        const auto added = RegisterService(files).add(
+            bank, newRecord(account, entry(QStringLiteral("Deposit"), "1")));
+        QVERIFY(!added.ok);
+        QCOMPARE(added.title, AccountNames::DamagedTitle);
+        QVERIFY(folderSnapshot(dir.path()) == before);
+        QVERIFY(!QFileInfo::exists(dir.path() + QStringLiteral("/trans a")));
+    }
+
     void viewRange_data()
     {
         QTest::addColumn<QString>("from");
@@ -510,6 +604,8 @@ private Q_SLOTS:
         QVERIFY(!book.add(1, "Account", QStringLiteral("ECHO")).ok);
         QVERIFY(!book.add(1, "Account", QStringLiteral(" alpha")).ok);
         QVERIFY(!book.add(1, "Account", QStringLiteral("  ")).ok);
+        QCOMPARE(book.add(1, "Account", QStringLiteral(" Deleted ")).error,
+                 QStringLiteral("\"Deleted\" cannot be a payee"));
         QVERIFY(!book.remove(0).ok);
         QVERIFY(!book.remove(6).ok);
 

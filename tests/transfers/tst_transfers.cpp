@@ -1,5 +1,6 @@
 #include "FolderSnapshot.h"
 #include "accounts/AccountBook.h"
+#include "accounts/AccountNames.h"
 #include "accounts/AccountService.h"
 #include "budget/BudgetBook.h"
 #include "core/EntryChecks.h"
@@ -252,17 +253,39 @@ private Q_SLOTS:
             << "";
         QTest::newRow("too large") << with([](Request &r) { r.amountText = "90,000,000,000"; })
                                    << EntryChecks::MaxAmountText << EntryChecks::MaxAmountTitle;
+        QTest::newRow("plus sign")
+            << with([](Request &r) { r.amountText = "+5"; }) << "Type the amount without a sign"
+            << "";
+        QTest::newRow("minus zero")
+            << with([](Request &r) { r.amountText = " -0"; }) << "Type the amount without a sign"
+            << "";
+        // An account list damaged on disk: no file is built from the name.
+        QTest::newRow("damaged to-name")
+            << with([](Request &r) { r.toBankNum = Amex + 1; }) << "damaged"
+            << "";
     }
 
     void refusals()
     {
         QFETCH(Request, request);
+        QFETCH(QString, error);
+        QFETCH(QString, title);
         Books b;
+        if (error == QLatin1String("damaged")) {
+            AccountService(b.files).add({1, "Spare", true, "0", false, QDate(2025, 1, 1)});
+            BankAcctRecord spare = b.account(Amex + 1);
+            spare.BankName = QStringLiteral("a") + QChar(0) + QStringLiteral("/b");
+            UnitOfWork unit(b.dir.path());
+            unit.write(b.files.accountList(), Amex + 1, spare);
+            QVERIFY(unit.commit());
+            error = *AccountNames::damagedNotice(spare.BankName.text());
+            title = AccountNames::DamagedTitle;
+        }
         const auto before = b.snapshot();
         const auto r = TransferService(b.files).enter(request);
         QVERIFY(!r.ok);
-        QTEST(r.error, "error");
-        QTEST(r.title, "title");
+        QCOMPARE(r.error, error);
+        QCOMPARE(r.title, title);
         QVERIFY(b.snapshot() == before);
     }
 

@@ -1,5 +1,6 @@
 #include "core/EntryChecks.h"
 #include "records/TransactionTypes.h"
+#include "register/EntryRules.h"
 
 #include <QtTest>
 
@@ -62,6 +63,50 @@ private Q_SLOTS:
         // Except an opening balance, which keeps the sign it was given.
         QCOMPARE(TransactionTypes::signedAmount(code, Currency::fromCents(-1234)),
                  Currency::fromCents(code == 15 ? -1234 : signedCents));
+    }
+
+    void signedAmounts_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("sign");
+        for (const char *s : {"+5", "-0", " -5", "(5.00)", "+ 5", " +$1,250"})
+            QTest::newRow(s) << QString::fromLatin1(s) << true;
+        for (const char *s : {"5", "0", "$1,250.00", " 12x", ""})
+            QTest::newRow(s) << QString::fromLatin1(s) << false;
+    }
+    void signedAmounts()
+    {
+        QFETCH(QString, text);
+        QTEST(EntryChecks::hasSign(text), "sign");
+    }
+
+    // The account-balance warning of the register and of the transfer panel,
+    // byte for byte: same words, their own titles and line ends.
+    void balanceWarningTexts()
+    {
+        const EntryChecks::BalanceShortfall s{Currency::fromCents(1'250'00), "Everyday",
+                                              Currency::fromCents(1'000'00),
+                                              Currency::fromCents(-250'00)};
+        QCOMPARE(EntryChecks::RegisterBalanceTitle.toUtf8(),
+                 QByteArray("Account Balance Exceeded"));
+        QCOMPARE(
+            EntryChecks::registerBalanceText(s).toUtf8(),
+            QByteArray("The transaction amount of $1,250.00 exceeds the Everyday balance of "
+                       "$1,000.00 by $250.00.\n\n     ---- The Account will go negative. ----"));
+        QCOMPARE(EntryChecks::TransferBalanceTitle.toUtf8(),
+                 QByteArray("Account Balance exceeded"));
+        QCOMPARE(EntryChecks::transferBalanceText(s).toUtf8(),
+                 QByteArray("The transfer amount of $1,250.00 exceeds the Everyday balance of "
+                            "$1,000.00 by $250.00.\r\n\r\n     ---- The Account will go "
+                            "negative. ----"));
+
+        // The register's entry row takes its text from there.
+        EntryRules::Input in;
+        in.typeText = QStringLiteral("Withdrawal");
+        in.amountText = QStringLiteral("1,250");
+        const auto check = EntryRules::checkAccountBalance(in, "Everyday", s.balance, false, {});
+        QCOMPARE(check.warning.value_or(QString()), EntryChecks::registerBalanceText(s));
+        QCOMPARE(EntryRules::BalanceExceededTitle, EntryChecks::RegisterBalanceTitle);
     }
 };
 
