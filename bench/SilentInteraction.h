@@ -22,6 +22,16 @@ public:
         lastMessage = text;
         return 1;
     }
+    QString ask(const QString &, const QString &text, const QStringList &, const QString &) override
+    {
+        ++messages;
+        lastMessage = text;
+        return QString();
+    }
+    QString fileDialog(FileDialog, const QString &, const QString &, const QString &) override
+    {
+        return QString();
+    }
     void beep() override { ++beeps; }
     void print(const QString &, const QStringList &) override {}
     void setClipboard(const QString &) override {}

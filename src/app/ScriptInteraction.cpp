@@ -2,6 +2,8 @@
 
 #include "app/ScriptLine.h"
 
+#include <QDir>
+
 #include <cstdio>
 #include <utility>
 
@@ -154,6 +156,45 @@ int ScriptInteraction::fund(const QString &title, const QString &text)
                {QStringLiteral("Continue"), QStringLiteral("Cancel"), QStringLiteral("Close")});
     writeLine(shown + QStringLiteral(" -> ") + answer.value_or(QStringLiteral("(no answer)")));
     return answer && *answer == QStringLiteral("Continue") ? 0 : 1;
+}
+
+QString ScriptInteraction::ask(const QString &window, const QString &text,
+                               const QStringList &buttons, const QString &title)
+{
+    QString shown = QStringLiteral("ask %1").arg(window);
+    if (!title.isEmpty())
+        shown += QStringLiteral(" title=") + ScriptLine::quote(title);
+    shown += QStringLiteral(" text=") + ScriptLine::quote(text) + QStringLiteral(" buttons=");
+    QStringList quoted;
+    for (const QString &b : buttons)
+        quoted << ScriptLine::quote(b);
+    shown += quoted.join(QLatin1Char(' '));
+    const auto answer = take(window, QStringLiteral("window %1").arg(window), buttons);
+    writeLine(shown + QStringLiteral(" -> ")
+              + (answer ? ScriptLine::quote(*answer) : QStringLiteral("(no answer)")));
+    return answer.value_or(QString());
+}
+
+QString ScriptInteraction::fileDialog(FileDialog kind, const QString &title, const QString &,
+                                      const QString &filter)
+{
+    const QString shown
+        = QStringLiteral("filedialog %1 title=%2 filter=%3")
+              .arg(kind == FileDialog::Open ? QStringLiteral("open") : QStringLiteral("save"),
+                   ScriptLine::quote(title), ScriptLine::quote(filter));
+    const QString window = QStringLiteral("filedialog");
+    if (m_answers.empty() || m_answers.front().window.compare(window, Qt::CaseInsensitive) != 0) {
+        // Asks for the path, and there is none to give: it is cancelled.
+        take(window, QStringLiteral("a file dialog"), {QStringLiteral("PATH")});
+        writeLine(shown + QStringLiteral(" -> (no answer)"));
+        return QString();
+    }
+    const QString path = m_answers.front().button;
+    m_answers.pop_front();
+    writeLine(shown + QStringLiteral(" -> ") + ScriptLine::quote(path));
+    if (path.isEmpty())
+        return QString();
+    return QDir::cleanPath(QDir(m_fileFolder).absoluteFilePath(path));
 }
 
 void ScriptInteraction::beep()

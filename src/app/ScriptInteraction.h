@@ -9,14 +9,15 @@
 // The interaction seam for scenario scripts. Nothing is shown and nothing
 // leaves the program: every message box, warning window, beep, print job,
 // clipboard write, opened address and secondary window becomes one line of
-// the transcript, and windows that ask the user something take their answer
-// from a queue the script fills with "answer" commands.
+// the transcript, and windows that ask the user something (file dialogs
+// included) take their answer from a queue the script fills with "answer"
+// commands.
 class ScriptInteraction : public Interaction
 {
 public:
     struct QueuedAnswer
     {
-        QString window; // "msgbox", "frmFund" or the name of another modal window
+        QString window; // "msgbox", "frmFund", "filedialog" or the name of another modal window
         QString button;
         int line = 0; // the script line that queued it
     };
@@ -31,6 +32,8 @@ public:
     // its buttons. Returns the queued answer, or the fallback (and records a
     // fault) when the script queued none that fits.
     QString askWindow(const QString &window, const QStringList &buttons, const QString &fallback);
+    // The folder a relative path answered to a file dialog is taken from.
+    void setFileFolder(const QString &folder) { m_fileFolder = folder; }
 
     // The first thing that went wrong since the last call: a window with a
     // choice that had no answer, or an answer that did not fit.
@@ -45,6 +48,10 @@ public:
     Answer messageBox(const QString &text, const QString &title, Icon icon,
                       Buttons buttons) override;
     int fund(const QString &title, const QString &text) override;
+    QString ask(const QString &window, const QString &text, const QStringList &buttons,
+                const QString &title = QString()) override;
+    QString fileDialog(FileDialog kind, const QString &title, const QString &folder,
+                       const QString &filter) override;
     void beep() override;
     void print(const QString &job, const QStringList &lines) override;
     void setClipboard(const QString &text) override;
@@ -64,5 +71,6 @@ private:
     std::function<void(const QString &)> m_sink;
     bool m_closed = false;
     std::deque<QueuedAnswer> m_answers;
+    QString m_fileFolder;
     std::optional<QString> m_fault;
 };

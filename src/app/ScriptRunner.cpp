@@ -150,6 +150,16 @@ void ScriptRunner::execute(const QString &command, ScriptLine &args)
 
     if (command == QStringLiteral("answer")) {
         const QString window = args.word();
+        if (window.compare(QStringLiteral("filedialog"), Qt::CaseInsensitive) == 0) {
+            // A path may hold blanks; "" cancels the dialog.
+            const bool given = !args.atEnd();
+            const QString path = args.rest();
+            done();
+            if (!given)
+                fail(QStringLiteral("answer filedialog wants a path, or \"\" to cancel"));
+            m_interaction->queueAnswer(QStringLiteral("filedialog"), path, m_line);
+            return;
+        }
         const QString button = args.word();
         done();
         if (window.isEmpty() || button.isEmpty())
@@ -274,6 +284,7 @@ int ScriptRunner::run(const QString &scriptPath)
     file.close();
 
     m_interaction = std::make_unique<ScriptInteraction>();
+    m_interaction->setFileFolder(m_options.appPath);
     m_start = std::make_unique<StartForm>(m_options, *m_interaction);
     watchForModals();
 

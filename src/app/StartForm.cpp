@@ -8,6 +8,7 @@
 #include "app/WindowUtils.h"
 #include "core/Interaction.h"
 #include "records/UnitOfWork.h"
+#include "ui/WindowReport.h"
 
 #include <QDir>
 #include <QGuiApplication>
@@ -107,10 +108,8 @@ bool StartForm::start()
     CentreWindow(m_main.get());
     if (showTips == 1) {
         m_tip = std::make_unique<TipForm>(m_main.get());
-        QObject::connect(m_tip.get(), &QDialog::finished, m_tip.get(),
-                         [this] { m_interaction.windowEvent(QStringLiteral("frmTip"), false); });
+        WindowReport::watch(m_tip.get(), m_interaction);
         m_tip->show();
-        m_interaction.windowEvent(QStringLiteral("frmTip"), true);
     }
     return true;
 }

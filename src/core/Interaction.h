@@ -4,8 +4,9 @@
 #include <QStringList>
 
 // Everything the program says to the user or does outside its own windows
-// passes through here: message boxes, the warning window frmFund, beeps, print
-// jobs, the clipboard, opened addresses and the showing of secondary windows.
+// passes through here: message boxes, the warning window frmFund, other modal
+// questions, file dialogs, beeps, print jobs, the clipboard, opened addresses
+// and the showing and closing of secondary windows.
 // The desktop answers with real dialogs; scenario scripts answer from a queue
 // and keep a transcript.
 class Interaction
@@ -14,6 +15,7 @@ public:
     enum class Icon { None, Information, Exclamation, Question, Critical };
     enum class Buttons { OK, OKCancel, YesNo, YesNoCancel };
     enum class Answer { OK, Cancel, Yes, No };
+    enum class FileDialog { Open, Save };
 
     virtual ~Interaction() = default;
 
@@ -21,7 +23,34 @@ public:
         = 0;
     // frmFund: 0 when the user chose Continue, 1 for Cancel or closing the window.
     virtual int fund(const QString &title, const QString &text) = 0;
+    // A modal window (its object name, such as "frmBalanceError") asks a
+    // question and offers its buttons by caption. Returns the caption of the
+    // button chosen, or an empty string when the window was closed instead
+    // (which is all a seam that cannot ask does).
+    virtual QString ask(const QString &window, const QString &text, const QStringList &buttons,
+                        const QString &title = QString())
+    {
+        Q_UNUSED(window);
+        Q_UNUSED(text);
+        Q_UNUSED(buttons);
+        Q_UNUSED(title);
+        return QString();
+    }
+    // Asks for a file to read (import) or to write (export), starting in a
+    // folder and offering names that fit the filter ("Text files (*.txt)").
+    // Returns the full path chosen, or an empty string when cancelled.
+    virtual QString fileDialog(FileDialog kind, const QString &title, const QString &folder,
+                               const QString &filter)
+    {
+        Q_UNUSED(kind);
+        Q_UNUSED(title);
+        Q_UNUSED(folder);
+        Q_UNUSED(filter);
+        return QString();
+    }
     virtual void beep() = 0;
+    // Prints the lines as they are, one to a printed line, in a fixed-pitch
+    // font: columns padded with blanks line up on paper.
     virtual void print(const QString &job, const QStringList &lines) = 0;
     virtual void setClipboard(const QString &text) = 0;
     virtual void openUrl(const QString &url) = 0;

@@ -2,9 +2,12 @@
 
 #include "ui/FundForm.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
 #include <QDesktopServices>
+#include <QFileDialog>
+#include <QFontDatabase>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPrinter>
@@ -65,6 +68,28 @@ int DesktopInteraction::fund(const QString &title, const QString &text)
     return FundForm::ask(title, text, m_parent);
 }
 
+QString DesktopInteraction::ask(const QString &window, const QString &text,
+                                const QStringList &buttons, const QString &title)
+{
+    QMessageBox box(m_parent);
+    box.setObjectName(window);
+    box.setWindowTitle(title.isEmpty() ? QApplication::applicationDisplayName() : title);
+    box.setText(text);
+    box.setIcon(QMessageBox::Question);
+    for (const QString &caption : buttons)
+        box.addButton(caption, QMessageBox::AcceptRole);
+    box.exec();
+    QAbstractButton *chosen = box.clickedButton();
+    return chosen && box.buttonRole(chosen) == QMessageBox::AcceptRole ? chosen->text() : QString();
+}
+
+QString DesktopInteraction::fileDialog(FileDialog kind, const QString &title, const QString &folder,
+                                       const QString &filter)
+{
+    return kind == FileDialog::Open ? QFileDialog::getOpenFileName(m_parent, title, folder, filter)
+                                    : QFileDialog::getSaveFileName(m_parent, title, folder, filter);
+}
+
 void DesktopInteraction::beep()
 {
     QApplication::beep();
@@ -75,6 +100,8 @@ void DesktopInteraction::print(const QString &job, const QStringList &lines)
     QPrinter printer;
     printer.setDocName(job);
     QTextDocument doc;
+    // Reports pad their columns with blanks: a fixed-pitch font keeps them in line.
+    doc.setDefaultFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     doc.setPlainText(lines.join(QLatin1Char('\n')));
     doc.print(&printer);
 }

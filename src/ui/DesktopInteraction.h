@@ -14,10 +14,15 @@ public:
     Answer messageBox(const QString &text, const QString &title, Icon icon,
                       Buttons buttons) override;
     int fund(const QString &title, const QString &text) override;
+    QString ask(const QString &window, const QString &text, const QStringList &buttons,
+                const QString &title = QString()) override;
+    QString fileDialog(FileDialog kind, const QString &title, const QString &folder,
+                       const QString &filter) override;
     void beep() override;
     void print(const QString &job, const QStringList &lines) override;
     void setClipboard(const QString &text) override;
     void openUrl(const QString &url) override;
+    // Nothing to tell on the desktop: the user sees the window.
     void windowEvent(const QString &, bool) override {}
 
 private:

@@ -5,8 +5,10 @@
 #include "app/ScriptInteraction.h"
 #include "app/ScriptLine.h"
 #include "app/ScriptRunner.h"
+#include "ui/WindowReport.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QHeaderView>
 #include <QMessageBox>
 #include <QPushButton>
@@ -25,6 +27,8 @@ private Q_SLOTS:
     void escapesTranscriptStrings_data();
     void escapesTranscriptStrings();
     void windowsTakeQueuedAnswers();
+    void questionsAndFileDialogs();
+    void windowsReportShownAndClosed();
     void gridRowZeroIsTheHeader();
     void modalWindowOutsideTheSeamIsClosed();
     void scriptErrorsNameTheLine_data();
@@ -124,6 +128,74 @@ void TestScriptRunner::windowsTakeQueuedAnswers()
     QVERIFY(s.takeFault().value_or(QString()).contains(QStringLiteral("line 9")));
 }
 
+// A modal question takes the queued button by its caption; a file dialog takes
+// a path, relative to the home folder, or "" to cancel.
+void TestScriptRunner::questionsAndFileDialogs()
+{
+    QStringList lines;
+    ScriptInteraction s([&lines](const QString &l) { lines << l; });
+    s.setFileFolder(QStringLiteral("/home/q"));
+    using I = Interaction;
+    const QStringList buttons{QStringLiteral("Save As"), QStringLiteral("Discard")};
+    s.queueAnswer(QStringLiteral("frmImport"), QStringLiteral("save as"), 2);
+    s.queueAnswer(QStringLiteral("filedialog"), QStringLiteral("out/Register 2026.txt"), 3);
+    s.queueAnswer(QStringLiteral("filedialog"), QString(), 4);
+    s.queueAnswer(QStringLiteral("filedialog"), QStringLiteral("/tmp/in.qif"), 5);
+    QCOMPARE(s.ask(QStringLiteral("frmImport"), QStringLiteral("Keep it?"), buttons,
+                   QStringLiteral("Import")),
+             QStringLiteral("Save As"));
+    QCOMPARE(s.fileDialog(I::FileDialog::Save, QStringLiteral("Export"), QString(),
+                          QStringLiteral("Text (*.txt)")),
+             QStringLiteral("/home/q/out/Register 2026.txt"));
+    QCOMPARE(s.fileDialog(I::FileDialog::Open, QStringLiteral("Import"), QString(), QString()),
+             QString());
+    QCOMPARE(s.fileDialog(I::FileDialog::Open, QStringLiteral("Import"), QString(), QString()),
+             QStringLiteral("/tmp/in.qif"));
+    QVERIFY(!s.takeFault());
+    // Nothing queued, or an answer meant for another window: closed, and the script is told.
+    QCOMPARE(s.ask(QStringLiteral("frmImport"), QStringLiteral("?"), buttons), QString());
+    QVERIFY(s.takeFault());
+    s.queueAnswer(QStringLiteral("frmImport"), QStringLiteral("Keep"), 9);
+    QCOMPARE(s.ask(QStringLiteral("frmImport"), QStringLiteral("?"), buttons), QString());
+    QVERIFY(s.takeFault().value_or(QString()).contains(QStringLiteral("line 9")));
+    QCOMPARE(s.fileDialog(I::FileDialog::Open, QStringLiteral("Import"), QString(), QString()),
+             QString());
+    QVERIFY(s.takeFault().value_or(QString()).contains(QStringLiteral("line 9")));
+    QCOMPARE(
+        lines,
+        QStringList({
+            R"x(ask frmImport title="Import" text="Keep it?" buttons="Save As" "Discard" -> "Save As")x",
+            R"x(filedialog save title="Export" filter="Text (*.txt)" -> "out/Register 2026.txt")x",
+            R"x(filedialog open title="Import" filter="" -> "")x",
+            R"x(filedialog open title="Import" filter="" -> "/tmp/in.qif")x",
+            R"x(ask frmImport text="?" buttons="Save As" "Discard" -> (no answer))x",
+            R"x(ask frmImport text="?" buttons="Save As" "Discard" -> (no answer))x",
+            R"x(filedialog open title="Import" filter="" -> (no answer))x",
+        }));
+}
+
+// A watched window says when it opens and closes, once each time; being
+// hidden with the window beneath it is not closing it.
+void TestScriptRunner::windowsReportShownAndClosed()
+{
+    QStringList lines;
+    ScriptInteraction s([&lines](const QString &l) { lines << l; });
+    QWidget main;
+    auto *dialog = new QDialog(&main);
+    dialog->setObjectName(QStringLiteral("frmCalc"));
+    WindowReport::watch(dialog, s);
+    main.show();
+    dialog->show();
+    dialog->show();
+    main.hide();
+    main.show();
+    dialog->accept();
+    dialog->open();
+    dialog->reject();
+    QCOMPARE(lines, QStringList({"window frmCalc shown", "window frmCalc closed",
+                                 "window frmCalc shown", "window frmCalc closed"}));
+}
+
 // Row 0 of a script's grid is the header; row 1 is the first row of the model.
 void TestScriptRunner::gridRowZeroIsTheHeader()
 {
@@ -199,6 +271,8 @@ void TestScriptRunner::scriptErrorsNameTheLine_data()
         "1: answer msgbox Yes was never used", Manifest + Tip + Title);
     row("no such button", "show lblTitle\nanswer msgbox Maybe\n",
         "2: a message box has no button Maybe (OK, Yes, No or Cancel)", Manifest + Tip + Title);
+    row("file dialog without a path", "answer filedialog\n",
+        "1: answer filedialog wants a path, or \"\" to cancel", QString());
     row("bad quoted text", "set txtBankName \"Main\n", "1: a quoted string has no closing \"",
         Manifest + Tip);
     row("row out of range", "cell flxgdBankAcct 10 0\n", "1: flxgdBankAcct has no row 10 to click",

@@ -19,6 +19,18 @@ public:
         said << title + QLatin1Char('|') + text;
         return 0;
     }
+    // Other questions are answered with their first button; file dialogs are cancelled.
+    QString ask(const QString &window, const QString &text, const QStringList &buttons,
+                const QString &) override
+    {
+        said << window + QLatin1Char('|') + text;
+        return buttons.value(0);
+    }
+    QString fileDialog(FileDialog, const QString &title, const QString &, const QString &) override
+    {
+        said << QStringLiteral("file|") + title;
+        return QString();
+    }
     void beep() override { said << QStringLiteral("beep"); }
     void print(const QString &, const QStringList &) override {}
     void setClipboard(const QString &) override {}
