@@ -173,7 +173,10 @@ AccountService::Result AccountService::rename(int bankNum, const QString &newNam
     UnitOfWork unit(m_files.dataDir());
     const QString oldRegister = m_files.registerFile(oldName);
     const QString newRegister = m_files.registerFile(name);
-    if (QFileInfo::exists(oldRegister))
+    // A name damaged on disk is no file name: renaming is how such an account is
+    // put right, and its register starts again under the new name.
+    const bool oldUsable = !AccountNames::damagedNotice(oldName);
+    if (oldUsable && QFileInfo::exists(oldRegister))
         unit.rename(oldRegister, newRegister);
 
     BankAcctRecord acct = old;
@@ -206,7 +209,7 @@ AccountService::Result AccountService::rename(int bankNum, const QString &newNam
     // every register of the data set, this account's own included.
     const auto accounts = book.readAll().value_or(std::vector<BankAcctRecord>{});
     for (const BankAcctRecord &a : accounts) {
-        if (a.isDeleted())
+        if (a.isDeleted() || AccountNames::damagedNotice(a.BankName.text()))
             continue;
         const bool self = a.BankNum == bankNum;
         RecordFile<TransRecord> reg(self ? oldRegister : m_files.registerFile(a.BankName.text()));

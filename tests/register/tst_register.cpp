@@ -547,6 +547,16 @@ private Q_SLOTS:
         QCOMPARE(added.title, AccountNames::DamagedTitle);
         QVERIFY(folderSnapshot(dir.path()) == before);
         QVERIFY(!QFileInfo::exists(dir.path() + QStringLiteral("/trans a")));
+
+        // Renamed, the account is usable again; its register starts afresh.
+        QVERIFY(AccountService(files).rename(bank, QStringLiteral("Mended")).ok);
+        QCOMPARE(QDir(dir.path()).entryList(QDir::Dirs | QDir::NoDotAndDotDot), QStringList());
+        account = AccountBook(files).read(bank);
+        const auto reopened = RegisterService(files).load(account);
+        QVERIFY(reopened.error.isEmpty() && reopened.recreated);
+        QVERIFY(RegisterService(files)
+                    .add(bank, newRecord(account, entry(QStringLiteral("Deposit"), "1")))
+                    .ok);
     }
 
     void viewRange_data()
