@@ -2,6 +2,7 @@
 
 #include "records/RawRecordFile.h"
 
+#include <algorithm>
 #include <vector>
 
 // A file of records of one type R (R::Size bytes, R::decode / R::encode).
@@ -27,11 +28,12 @@ public:
     // Every record. The file is read a batch at a time and each record is
     // decoded straight into its place in the vector: a full register is 12 MB,
     // and a second copy of it (or of every record) would cost more than the
-    // decoding itself.
-    std::vector<R> readAll()
+    // decoding itself. `room`: records the vector can take on afterwards
+    // without being moved.
+    std::vector<R> readAll(int room = 0)
     {
         std::vector<R> out;
-        out.reserve(count());
+        out.reserve(std::size_t(count()) + std::size_t(std::max(0, room)));
         m_raw.readBatches([&out](const char *p, int n) {
             for (int i = 0; i < n; ++i)
                 out.emplace_back(Decoded{p + qsizetype(i) * R::Size});

@@ -22,6 +22,7 @@ void RegisterModel::setRegister(std::vector<TransRecord> records, int firstShown
     beginResetModel();
     m_records = std::move(records);
     m_balances = ViewRange::runningBalances(m_records);
+    m_balances.reserve(m_records.capacity());
     m_firstShown = std::max(1, firstShown);
     m_creditCard = creditCard;
     endResetModel();

@@ -38,7 +38,9 @@ RegisterService::Loaded RegisterService::load(const BankAcctRecord &account) con
         }
         return loaded;
     }
-    loaded.records = file.readAll();
+    // Room for the entries made before the register is listed again, so that
+    // adding one to the list does not move a full register in memory.
+    loaded.records = file.readAll(RoomToGrow);
     return loaded;
 }
 

@@ -24,6 +24,7 @@ public:
         QString title; // of the message box that shows `error`
     };
     Loaded load(const BankAcctRecord &account) const;
+    static constexpr int RoomToGrow = 64;
 
     struct Result
     {
