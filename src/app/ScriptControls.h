@@ -24,7 +24,10 @@ public:
     static QString chooseText(QWidget *w, const QString &name, const QString &text);
     static QString chooseIndex(QWidget *w, const QString &name, int index);
     static QString click(QWidget *w, const QString &name);
-    static QString clickCell(QWidget *w, const QString &name, int row, int column);
+    // The click is "Left" (also when empty) or "Right", with "Shift+", "Ctrl+"
+    // or "Alt+" in front for a key held down, as in "Shift+Right".
+    static QString clickCell(QWidget *w, const QString &name, int row, int column,
+                             const QString &click = QString());
     static QString selectRows(QWidget *w, const QString &name, int first, int last);
     static QString pressKey(QWidget *w, const QString &name, const QString &key);
 

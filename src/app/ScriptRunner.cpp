@@ -242,10 +242,11 @@ void ScriptRunner::execute(const QString &command, ScriptLine &args)
     } else if (command == QStringLiteral("cell")) {
         const QString row = args.word();
         const QString column = args.word();
+        const QString click = args.word();
         done();
         const int r = number(row, QStringLiteral("ROW"));
         const int c = number(column, QStringLiteral("COL"));
-        act(ScriptControls::clickCell(control(name), name, r, c));
+        act(ScriptControls::clickCell(control(name), name, r, c, click));
     } else if (command == QStringLiteral("select")) {
         const QString first = args.word();
         const QString last = args.word();

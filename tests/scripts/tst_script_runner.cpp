@@ -7,7 +7,9 @@
 #include "app/ScriptRunner.h"
 #include "ui/WindowReport.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QDialog>
 #include <QHeaderView>
 #include <QMessageBox>
@@ -16,6 +18,7 @@
 #include <QStandardItemModel>
 #include <QTableView>
 #include <QTest>
+#include <QVBoxLayout>
 
 using namespace Transcript;
 
@@ -30,6 +33,7 @@ private Q_SLOTS:
     void questionsAndFileDialogs();
     void windowsReportShownAndClosed();
     void gridRowZeroIsTheHeader();
+    void controlsGetRealInputEvents();
     void modalWindowOutsideTheSeamIsClosed();
     void scriptErrorsNameTheLine_data();
     void scriptErrorsNameTheLine();
@@ -217,6 +221,79 @@ void TestScriptRunner::gridRowZeroIsTheHeader()
     QStringList rows;
     QCOMPARE(ScriptControls::gridRows(&table, QStringLiteral("g"), &rows), QString());
     QCOMPARE(rows, QStringList({"0 \"Name\" \"Amount\"", "1 \"\" \"$1.00\"", "2 \"\" \"\""}));
+}
+
+namespace {
+// Writes down the mouse presses and key presses a widget is sent.
+class InputLog : public QObject
+{
+public:
+    QStringList seen;
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::MouseButtonPress) {
+            const auto *m = static_cast<QMouseEvent *>(event);
+            seen << QStringLiteral("press %1 %2").arg(int(m->button())).arg(int(m->modifiers()));
+        } else if (event->type() == QEvent::KeyPress) {
+            seen << QStringLiteral("key ") + static_cast<QKeyEvent *>(event)->text();
+        }
+        return false;
+    }
+};
+} // namespace
+
+// Clicks, keys and list choices reach a control as input events do, through
+// the filters that watch it and the window's shortcuts.
+void TestScriptRunner::controlsGetRealInputEvents()
+{
+    QWidget window;
+    auto *table = new QTableView(&window);
+    QStandardItemModel model(40, 2);
+    table->setModel(&model);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    auto *copy = new QAction(table);
+    copy->setShortcut(QKeySequence::Copy);
+    copy->setShortcutContext(Qt::WidgetShortcut);
+    table->addAction(copy);
+    auto *combo = new QComboBox(&window);
+    combo->addItems({QStringLiteral("Monthly"), QStringLiteral("Weekly")});
+    auto *layout = new QVBoxLayout(&window);
+    layout->addWidget(table);
+    layout->addWidget(combo);
+    window.resize(400, 300);
+    window.show();
+    InputLog log;
+    table->viewport()->installEventFilter(&log);
+    table->installEventFilter(&log);
+    QSignalSpy copied(copy, &QAction::triggered);
+    QSignalSpy activated(combo, &QComboBox::activated);
+
+    // Row 35 is scrolled into view before it is clicked.
+    QCOMPARE(
+        ScriptControls::clickCell(table, QStringLiteral("g"), 35, 1, QStringLiteral("Shift+Right")),
+        QString());
+    QCOMPARE(ScriptControls::clickCell(table, QStringLiteral("g"), 2, 0), QString());
+    QCOMPARE(table->currentIndex(), model.index(1, 0));
+    QVERIFY(!ScriptControls::clickCell(table, QStringLiteral("g"), 1, 0, QStringLiteral("Middle"))
+                 .isEmpty());
+    QCOMPARE(ScriptControls::pressKey(table, QStringLiteral("g"), QStringLiteral("Ctrl+C")),
+             QString());
+    QCOMPARE(ScriptControls::pressKey(table, QStringLiteral("g"), QStringLiteral("x")), QString());
+    QCOMPARE(
+        log.seen,
+        QStringList(
+            {QStringLiteral("press %1 %2").arg(int(Qt::RightButton)).arg(int(Qt::ShiftModifier)),
+             QStringLiteral("press %1 0").arg(int(Qt::LeftButton)), QStringLiteral("key x")}));
+    QCOMPARE(copied.size(), 1);
+
+    // An entry is clicked in the open list, even when it is already chosen.
+    QCOMPARE(ScriptControls::chooseIndex(combo, QStringLiteral("c"), 1), QString());
+    QCOMPARE(ScriptControls::chooseIndex(combo, QStringLiteral("c"), 1), QString());
+    QCOMPARE(activated.size(), 2);
+    QCOMPARE(combo->currentIndex(), 1);
+    QVERIFY(!combo->view()->isVisible());
 }
 
 // A window that waits in its own event loop instead of asking through the
