@@ -6,6 +6,8 @@
 #include "core/Interaction.h"
 #include "records/AccountKinds.h"
 #include "ui/ErrorLabel.h"
+#include "ui/MoneyBox.h"
+#include "ui/ReturnKey.h"
 
 #include <QComboBox>
 #include <QFormLayout>
@@ -50,6 +52,7 @@ void AccountEditor::buildEditor()
     m_balanceHint->setWordWrap(true);
     m_startBalance = new QLineEdit(box);
     m_startBalance->setObjectName(QStringLiteral("txtStartBal"));
+    fitLargestAmount(m_startBalance);
     m_debit = new QRadioButton(tr("Debit"), box);
     m_debit->setObjectName(QStringLiteral("optStartDebit"));
     m_credit = new QRadioButton(tr("Credit"), box);
@@ -86,8 +89,7 @@ void AccountEditor::buildEditor()
             &AccountEditor::onBalanceTypeChanged);
     connect(m_enter, &QPushButton::clicked, this, &AccountEditor::onEnter);
     connect(m_rename, &QPushButton::clicked, this, &AccountEditor::onRename);
-    connect(m_name, &QLineEdit::returnPressed, this, &AccountEditor::onEnter);
-    connect(m_startBalance, &QLineEdit::returnPressed, this, &AccountEditor::onEnter);
+    ReturnKey::install(box, {m_enter});
 }
 
 void AccountEditor::setDataFiles(const DataFiles &files)

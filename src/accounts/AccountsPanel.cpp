@@ -6,9 +6,13 @@
 
 #include <QGridLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QScrollBar>
 #include <QTableView>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 
@@ -17,7 +21,6 @@ QLabel *totalLabel(const QString &name, QWidget *parent)
     auto *l = new QLabel(parent);
     l->setObjectName(name);
     l->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    l->setMinimumWidth(120);
     QFont f = l->font();
     f.setBold(true);
     l->setFont(f);
@@ -48,6 +51,9 @@ AccountsPanel::AccountsPanel(Interaction &interaction, QWidget *parent)
     m_grid->horizontalHeader()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     m_grid->setMinimumHeight(10 * 22 + 26);
     m_grid->setAlternatingRowColors(false);
+    // The list is one stop for Tab; the arrow keys move between accounts.
+    m_grid->setTabKeyNavigation(false);
+    m_grid->installEventFilter(this);
     connect(m_grid, &QTableView::clicked, this, [this](const QModelIndex &index) {
         const int bankNum = m_model->bankNumAt(index.row());
         if (bankNum != 0)
@@ -55,6 +61,7 @@ AccountsPanel::AccountsPanel(Interaction &interaction, QWidget *parent)
     });
 
     auto *totals = new QGridLayout;
+    m_totals = totals;
     totals->addWidget(new QLabel(tr("Bank Accounts"), this), 0, 0);
     totals->addWidget(m_bankTotal, 0, 1);
     // The card total's caption says whether the cards are owed or in credit.
@@ -68,6 +75,54 @@ AccountsPanel::AccountsPanel(Interaction &interaction, QWidget *parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_grid, 1);
     layout->addLayout(totals);
+    setMinimumWidth(MinimumWidth);
+    setMaximumWidth(MaximumWidth);
+}
+
+bool AccountsPanel::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != m_grid || event->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(watched, event);
+    const auto *key = static_cast<QKeyEvent *>(event);
+    const int at = m_model->rowOf(m_current);
+    int row = -1;
+    switch (key->key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Left:
+        row = accountRow(at, -1);
+        break;
+    case Qt::Key_Down:
+    case Qt::Key_Right:
+        row = accountRow(at, 1);
+        break;
+    case Qt::Key_Home:
+    case Qt::Key_PageUp:
+        row = accountRow(-1, 1);
+        break;
+    case Qt::Key_End:
+    case Qt::Key_PageDown:
+        row = accountRow(m_model->rowCount(), -1);
+        break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (m_current != 0)
+            Q_EMIT accountOpened(m_current);
+        return true;
+    default:
+        // Tab and Shift+Tab leave the list; other keys do nothing here.
+        return false;
+    }
+    if (row >= 0 && m_model->bankNumAt(row) != m_current)
+        Q_EMIT accountClicked(m_model->bankNumAt(row));
+    return true;
+}
+
+int AccountsPanel::accountRow(int from, int step) const
+{
+    for (int row = from + step; row >= 0 && row < m_model->rowCount(); row += step)
+        if (m_model->bankNumAt(row) != 0)
+            return row;
+    return -1;
 }
 
 void AccountsPanel::setDataFiles(const DataSnapshot &data)
@@ -96,7 +151,28 @@ void AccountsPanel::showAccounts(const std::optional<std::vector<BankAcctRecord>
     m_ccTotal->setText(s.creditCardTotal.toCurrencyText());
     m_ccCaption->setText(s.creditCardCaption());
     m_netTotal->setText(s.netTotal().toCurrencyText());
+    fitFigures();
     setCurrentAccount(m_current);
+}
+
+void AccountsPanel::fitFigures()
+{
+    // The three totals line up at the width of the widest.
+    int widest = 0;
+    for (const QLabel *l : {m_bankTotal, m_ccTotal, m_netTotal})
+        widest = std::max(widest, l->fontMetrics().horizontalAdvance(l->text()));
+    for (QLabel *l : {m_bankTotal, m_ccTotal, m_netTotal})
+        l->setMinimumWidth(widest);
+    // The list is never narrower than its balances (the names give way) nor
+    // than the totals with their captions.
+    int balances = m_grid->horizontalHeader()->sectionSizeHint(1);
+    for (int row = 0; row < m_model->rowCount(); ++row)
+        balances = std::max(balances, m_grid->sizeHintForIndex(m_model->index(row, 1)).width());
+    const int list = NameRoom + balances + 2 * m_grid->frameWidth()
+                     + m_grid->verticalScrollBar()->sizeHint().width();
+    const int wanted = std::max({MinimumWidth, list, m_totals->minimumSize().width()});
+    setMinimumWidth(wanted);
+    setMaximumWidth(std::max(MaximumWidth, wanted));
 }
 
 void AccountsPanel::setCurrentAccount(int bankNum)
@@ -104,7 +180,9 @@ void AccountsPanel::setCurrentAccount(int bankNum)
     m_current = bankNum;
     const int row = m_model->rowOf(bankNum);
     if (row >= 0)
-        m_grid->selectRow(row);
+        m_grid->selectionModel()->setCurrentIndex(m_model->index(row, 0),
+                                                  QItemSelectionModel::ClearAndSelect
+                                                      | QItemSelectionModel::Rows);
     else
         m_grid->clearSelection();
 }

@@ -8,6 +8,7 @@
 class AccountListModel;
 class Interaction;
 class QLabel;
+class QLayout;
 class QTableView;
 
 // The account list with its totals.
@@ -28,10 +29,21 @@ public:
     QTableView *grid() const { return m_grid; }
 
 Q_SIGNALS:
-    // A row of an account was clicked.
+    // A row of an account was clicked, or reached with the arrow keys.
     void accountClicked(int bankNum);
+    // Enter on an account's row: its register is wanted.
+    void accountOpened(int bankNum);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    // Keeps every figure whole: the totals and the list's balance column.
+    void fitFigures();
+    // The next account's row from the highlighted one, in a direction (-1 up,
+    // 1 down), or the first / last one; -1 when there is none.
+    int accountRow(int from, int step) const;
+
     Interaction &m_interaction;
     DataFiles m_files;
     int m_current = 0;
@@ -42,4 +54,9 @@ private:
     QLabel *m_ccTotal;
     QLabel *m_ccCaption;
     QLabel *m_netTotal;
+    QLayout *m_totals = nullptr;
+
+    static constexpr int MinimumWidth = 230;
+    static constexpr int MaximumWidth = 280;
+    static constexpr int NameRoom = 100; // the least an account name gets
 };

@@ -19,7 +19,6 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPushButton>
-#include <QScreen>
 #include <QStackedWidget>
 #include <QTableView>
 #include <QVBoxLayout>
@@ -66,10 +65,11 @@ MainForm::MainForm(Interaction &interaction, const QString &dataDir, QWidget *pa
     setMinimumSize(780, 560);
 
     m_accounts = new AccountsPanel(m_interaction, this);
-    m_accounts->setMinimumWidth(230);
-    m_accounts->setMaximumWidth(280);
-    connect(m_accounts, &AccountsPanel::accountClicked, this,
-            [this](int bankNum) { setCurrentAccount(bankNum); });
+    connect(m_accounts, &AccountsPanel::accountClicked, this, &MainForm::pickAccount);
+    connect(m_accounts, &AccountsPanel::accountOpened, this, [this](int bankNum) {
+        if (pickAccount(bankNum))
+            showPanel(QStringLiteral("register"));
+    });
 
     auto *right = new QVBoxLayout;
     right->addWidget(buildWorkArea(), 1);
@@ -88,12 +88,6 @@ MainForm::MainForm(Interaction &interaction, const QString &dataDir, QWidget *pa
     layout->addLayout(body, 1);
 
     setStyleSheet(QString::fromLatin1(Style));
-
-    // Laid out for 1024 x 768; on a smaller screen it takes what there is.
-    QSize size(1024, 768);
-    if (const QScreen *s = screen())
-        size = size.boundedTo(s->availableGeometry().size());
-    resize(size);
 }
 
 QWidget *MainForm::buildTitleBar()
@@ -405,6 +399,8 @@ void MainForm::openDataSet()
 
 void MainForm::switchDataSet()
 {
+    if (!m_register->mayLeave())
+        return;
     m_sample = !m_sample;
     m_settings.SampleMode = m_sample ? 1 : 0;
     saveSettings();
@@ -426,6 +422,17 @@ void MainForm::setCurrentAccount(int bankNum, const DataSnapshot &data)
     for (const Panel &panel : m_panels)
         if (panel.follow)
             panel.follow(m_current, data);
+}
+
+bool MainForm::pickAccount(int bankNum)
+{
+    if (!m_register->mayLeave()) {
+        // The row being changed stays, and so does its account.
+        m_accounts->setCurrentAccount(m_current.BankNum);
+        return false;
+    }
+    setCurrentAccount(bankNum);
+    return true;
 }
 
 void MainForm::setHelpShown(bool shown)
@@ -476,6 +483,9 @@ void MainForm::showWorkPage(int page)
 {
     if (page < 0 || page >= m_panels.size())
         page = 0;
+    if (m_work->currentWidget() == m_register && page != m_work->currentIndex()
+        && !m_register->mayLeave())
+        page = m_work->currentIndex();
     m_work->setCurrentIndex(page);
     for (int i = 0; i < m_panelButtons.size(); ++i)
         m_panelButtons[i]->setChecked(i == page);

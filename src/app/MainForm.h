@@ -64,6 +64,9 @@ public:
     QStringList panelIds() const;
 
     void setCurrentAccount(int bankNum);
+    // The user picked an account: false when the register's unsaved change
+    // was kept instead.
+    bool pickAccount(int bankNum);
 
 Q_SIGNALS:
     // An operation was committed; every view but the one that did it follows.

@@ -103,6 +103,14 @@ bool StartForm::start()
                               QStringLiteral("Quillmere"), Interaction::Icon::Exclamation);
 
     m_main = std::make_unique<MainForm>(m_interaction, data);
+    // Laid out for 1024 x 768; on a smaller screen it takes what there is (the
+    // screen a script names, or the desktop's working area).
+    QSize size(1024, 768);
+    if (m_options.screen.isValid())
+        size = size.boundedTo(m_options.screen);
+    else if (const QScreen *s = m_main->screen())
+        size = size.boundedTo(s->availableGeometry().size());
+    m_main->resize(size);
     m_main->load();
     m_main->show();
     CentreWindow(m_main.get());

@@ -7,6 +7,8 @@
 #include "budget/BudgetItemModel.h"
 #include "budget/BudgetListModel.h"
 #include "core/Interaction.h"
+#include "ui/MoneyBox.h"
+#include "ui/ReturnKey.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -111,6 +113,7 @@ QWidget *BudgetPanel::buildEditor()
     m_category->setInsertPolicy(QComboBox::NoInsert);
     m_amount = new QLineEdit(box);
     m_amount->setObjectName(QStringLiteral("txtBudAmount"));
+    fitLargestAmount(m_amount);
     m_itemize = new QLabel(tr("Itemize for "), box);
     m_itemize->setObjectName(QStringLiteral("lblItemize"));
     m_itemGrid = new QTableView(box);
@@ -170,6 +173,9 @@ QWidget *BudgetPanel::buildEditor()
     layout->addWidget(m_message);
     layout->addLayout(buttons);
     layout->addWidget(help);
+    // The item grid's cell editor (made when a cell is typed into) keeps its
+    // own Return, which ends the cell's typing.
+    ReturnKey::install(box, {save});
     return box;
 }
 

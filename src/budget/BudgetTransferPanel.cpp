@@ -8,7 +8,9 @@
 #include "core/Interaction.h"
 #include "ui/DateBox.h"
 #include "ui/ErrorLabel.h"
+#include "ui/MoneyBox.h"
 #include "ui/Named.h"
+#include "ui/ReturnKey.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -47,6 +49,7 @@ BudgetTransferPanel::BudgetTransferPanel(Interaction &interaction, QWidget *pare
       m_change(named(new QPushButton(tr("Change"), this), "cmdChngBudTrans"))
 {
     setObjectName(QStringLiteral("picBudgetTransfer"));
+    fitLargestAmount(m_amount);
     QFont bold = m_title->font();
     bold.setBold(true);
     bold.setPointSize(bold.pointSize() + 2);
@@ -128,6 +131,7 @@ BudgetTransferPanel::BudgetTransferPanel(Interaction &interaction, QWidget *pare
     layout->addWidget(help);
     layout->addWidget(m_list, 1);
     m_change->hide();
+    ReturnKey::install(this, {m_change, m_transfer});
 }
 
 void BudgetTransferPanel::setDataFiles(const DataSnapshot &data)

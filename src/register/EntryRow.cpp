@@ -2,6 +2,7 @@
 
 #include "register/CheckNumberPrompt.h"
 #include "ui/DateBox.h"
+#include "ui/MoneyBox.h"
 #include "ui/Named.h"
 
 #include <QComboBox>
@@ -49,15 +50,15 @@ EntryRow::EntryRow(Interaction &interaction, QWidget *parent)
     title->setFont(bold);
     type->setEditable(true);
     type->setInsertPolicy(QComboBox::NoInsert);
-    type->setMinimumWidth(130);
+    type->setMinimumWidth(110);
     payee->setEditable(true);
     payee->setInsertPolicy(QComboBox::NoInsert);
-    payee->setMinimumWidth(180);
+    payee->setMinimumWidth(100);
     addPayee->setToolTip(tr("Save the payee in the list"));
     deletePayee->setToolTip(tr("Remove the selected payee from the list"));
     for (QPushButton *b : {addPayee, deletePayee})
         b->setFixedWidth(26);
-    amount->setMaximumWidth(120);
+    fitLargestAmount(amount);
     amount->setAlignment(Qt::AlignRight);
     date->setMinimumWidth(110);
     cleared->setFixedWidth(18);

@@ -24,6 +24,7 @@
 #include "ui/DateBox.h"
 #include "ui/ErrorLabel.h"
 #include "ui/PaddedRowsProxy.h"
+#include "ui/ReturnKey.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -33,6 +34,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScopedValueRollback>
+#include <QShortcut>
 #include <QTableView>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -57,6 +60,9 @@ bool isCard(const BankAcctRecord &account)
 }
 
 } // namespace
+
+const QString RegisterPanel::DiscardText
+    = QStringLiteral("Discard the changes to this transaction?");
 
 RegisterPanel::RegisterPanel(Interaction &interaction, QWidget *parent)
     : QWidget(parent), m_interaction(interaction), m_files(QString(), false),
@@ -88,10 +94,12 @@ RegisterPanel::RegisterPanel(Interaction &interaction, QWidget *parent)
     connect(header, &QHeaderView::sectionClicked, this, [this] {
         if (m_entry->checkNumbers->pending())
             m_interaction.beep();
-        else
+        else if (mayLeave())
             onClear();
     });
-    connect(m_grid, &QTableView::clicked, this, &RegisterPanel::onRowClicked);
+    // A click or the keyboard moves the highlight, and the entry row follows.
+    connect(m_grid->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &RegisterPanel::onSelectionChanged);
 
     auto *copy = new QAction(tr("Copy Selected Transactions to Clipboard"), m_grid);
     copy->setObjectName(QStringLiteral("mnuCopyTrans"));
@@ -111,7 +119,6 @@ RegisterPanel::RegisterPanel(Interaction &interaction, QWidget *parent)
     connect(e->voidButton, &QPushButton::clicked, this, &RegisterPanel::onVoid);
     connect(e->addPayee, &QPushButton::clicked, this, &RegisterPanel::onAddPayee);
     connect(e->deletePayee, &QPushButton::clicked, this, &RegisterPanel::onDeletePayee);
-    connect(e->amount, &QLineEdit::returnPressed, this, &RegisterPanel::onEnter);
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -119,6 +126,13 @@ RegisterPanel::RegisterPanel(Interaction &interaction, QWidget *parent)
     layout->addWidget(buildViewRow());
     layout->addWidget(m_grid, 1);
     layout->addWidget(m_entry);
+
+    // Return anywhere in the entry row enters it; the check-number prompt
+    // and the view date have their own OK.
+    ReturnKey::install(m_entry, {e->enter}, {e->checkNumbers->box()});
+    auto *escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+    escape->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(escape, &QShortcut::activated, this, &RegisterPanel::onEscape);
 }
 
 QWidget *RegisterPanel::buildViewRow()
@@ -128,6 +142,9 @@ QWidget *RegisterPanel::buildViewRow()
     m_view->setObjectName(QStringLiteral("cmdView"));
     m_viewLabel = new QLabel(row);
     m_viewLabel->setObjectName(QStringLiteral("Label(86)"));
+    // On a narrow window the prompt takes two lines rather than pushing the
+    // buttons (or the account list) aside.
+    m_viewLabel->setWordWrap(true);
     m_viewDate = new DateBox(row);
     m_viewDate->setObjectName(QStringLiteral("cmbDate(9)"));
     m_viewOk = new QPushButton(tr("OK"), row);
@@ -141,6 +158,7 @@ QWidget *RegisterPanel::buildViewRow()
     bold.setBold(true);
     bold.setPointSize(bold.pointSize() + 2);
     m_registerTitle->setFont(bold);
+    m_registerTitle->setMinimumWidth(80);
     auto *layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_registerTitle);
@@ -408,6 +426,7 @@ void RegisterPanel::enterTransaction()
     const QString date = m_entry->date->currentText();
     onClear();
     m_entry->date->setEditText(date);
+    markClean();
     // Only this entry's own notice stays: an older error or notice is gone.
     if (outcome.paymentNotice)
         m_entry->error->setText(EntryRules::IncorrectPaymentType);
@@ -432,6 +451,70 @@ void RegisterPanel::onQuickEntry()
 
 void RegisterPanel::onClear()
 {
+    clearEntry();
+    selectLoadedRow();
+}
+
+void RegisterPanel::onEscape()
+{
+    if (m_mode == 1 && mayLeave())
+        onClear();
+}
+
+bool RegisterPanel::hasUnsavedChange() const
+{
+    // Without an account nothing can be entered, so nothing is lost.
+    return m_account.BankNum != 0 && entryState() != m_cleanState;
+}
+
+bool RegisterPanel::mayLeave()
+{
+    if (!hasUnsavedChange())
+        return true;
+    const auto answer
+        = m_interaction.messageBox(DiscardText, QStringLiteral("Quillmere"),
+                                   Interaction::Icon::Question, Interaction::Buttons::YesNo);
+    if (answer != Interaction::Answer::Yes)
+        return false;
+    onClear();
+    return true;
+}
+
+QStringList RegisterPanel::entryState() const
+{
+    const EntryRow *e = m_entry;
+    // A new entry's type alone is a choice, not typing; a loaded row's type is
+    // part of the transaction.
+    return {m_mode == 1 ? e->type->currentText() : QString(),
+            e->date->currentText(),
+            e->payee->currentText(),
+            e->amount->text(),
+            e->memo->text(),
+            QString::number(e->category->currentIndex()),
+            QString::number(e->card->currentIndex()),
+            QString::number(e->debit->isChecked())};
+}
+
+void RegisterPanel::markClean()
+{
+    m_cleanState = entryState();
+}
+
+void RegisterPanel::selectLoadedRow()
+{
+    const QScopedValueRollback<bool> syncing(m_syncingSelection, true);
+    QItemSelectionModel *selection = m_grid->selectionModel();
+    const int row = m_mode == 1 ? m_model->rowOfRecord(m_recordNumber) : -1;
+    if (row < 0) {
+        selection->clearSelection();
+        return;
+    }
+    selection->setCurrentIndex(m_grid->model()->index(row, RegisterModel::Type),
+                               QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+void RegisterPanel::clearEntry()
+{
     EntryRow *e = m_entry;
     endChangeMode();
     e->checkNumbers->reset();
@@ -448,6 +531,7 @@ void RegisterPanel::onClear()
     e->error->clear();
     e->error->setStyleSheet(QStringLiteral("color: #c0392b;"));
     e->showSignOptions(false);
+    markClean();
 }
 
 void RegisterPanel::endChangeMode()
@@ -464,20 +548,44 @@ void RegisterPanel::endChangeMode()
                                 : tr("New Transaction in %1").arg(m_account.BankName.text()));
 }
 
-void RegisterPanel::onRowClicked(const QModelIndex &index)
+void RegisterPanel::onSelectionChanged()
 {
+    if (m_syncingSelection || m_pickQueued)
+        return;
+    // The view finishes moving the highlight (a key or click may select more
+    // than once) before the row it ends on is picked, once.
+    m_pickQueued = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            m_pickQueued = false;
+            const QModelIndexList rows = m_grid->selectionModel()->selectedRows();
+            // Several rows are highlighted to be copied (nothing loads); one
+            // row is the row to change.
+            if (rows.size() == 1)
+                pickRow(rows.first());
+        },
+        Qt::QueuedConnection);
+}
+
+void RegisterPanel::pickRow(const QModelIndex &index)
+{
+    const int n = index.data(RegisterModel::RecordNumberRole).toInt();
+    if (m_mode == 1 && n == m_recordNumber)
+        return;
     if (m_entry->checkNumbers->pending()) {
         m_interaction.beep();
+        selectLoadedRow();
         return;
     }
-    const int n = index.data(RegisterModel::RecordNumberRole).toInt();
+    if (!mayLeave()) {
+        selectLoadedRow();
+        return;
+    }
     if (n == 0) {
         onClear();
         return;
     }
-    // A click that is part of a selection of several rows loads nothing.
-    if (m_grid->selectionModel()->selectedRows().size() > 1)
-        return;
     loadForChange(n);
 }
 
@@ -485,10 +593,11 @@ void RegisterPanel::loadForChange(int n)
 {
     const TransRecord &r = m_model->records()[n - 1];
     // Whatever was loaded before is let go first, so Void never acts on it.
-    onClear();
+    clearEntry();
     if (LinkedRecords::isLinked(r)) {
         const auto found = LinkedRecords::find(m_files, r);
         if (!found.records) {
+            selectLoadedRow();
             showNotice(found.problem);
             return;
         }
@@ -531,6 +640,8 @@ void RegisterPanel::loadForChange(int n)
     e->title->setText(tr("Change Transaction in %1").arg(m_account.BankName.text()));
     e->enter->setText(tr("Change"));
     e->voidButton->setEnabled(true);
+    markClean();
+    selectLoadedRow();
     // A transfer is changed on the transfer panel; here it can still be voided.
     if (LinkedRecords::isTransfer(r))
         Q_EMIT transferChangeRequested(m_account.BankNum, n);

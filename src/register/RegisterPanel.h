@@ -46,6 +46,14 @@ public:
     QTableView *grid() const { return m_grid; }
     RegisterModel *model() const { return m_model; }
 
+    // True when the entry row holds something not yet entered: a loaded
+    // transaction with edited fields, or a new one with any field typed.
+    bool hasUnsavedChange() const;
+    // Before the entry row is left (another account, panel or row): asks
+    // whether an unsaved change may go. Yes clears the row; No keeps it.
+    bool mayLeave();
+    static const QString DiscardText;
+
 Q_SIGNALS:
     // A balance changed: the account list and totals need rebuilding.
     void balancesChanged(int bankNum);
@@ -61,8 +69,11 @@ private:
     void onEnter();
     void onQuickEntry();
     void onClear();
+    void onEscape();
     void onVoid();
-    void onRowClicked(const QModelIndex &index);
+    void onSelectionChanged();
+    // A row was picked by mouse or keyboard: it is loaded for change.
+    void pickRow(const QModelIndex &index);
     void onView();
     void onViewDate();
     void onAddPayee();
@@ -73,6 +84,12 @@ private:
     // RegisterEntry and the panel shows what came of it.
     void enterTransaction();
     void loadForChange(int recordNumber);
+    // Empties the entry row for a new transaction, leaving the grid alone.
+    void clearEntry();
+    // The highlight follows the entry row: the loaded row, or none.
+    void selectLoadedRow();
+    QStringList entryState() const;
+    void markClean();
     EntryRules::Input input() const;
     void showError(const QString &text);
     void suggestMemo();
@@ -95,6 +112,9 @@ private:
     // category with the old amount credited back, and against a new category
     // at its full balance.
     int m_oldAmountApplies = 0;
+    QStringList m_cleanState; // the entry row as loaded or cleared
+    bool m_syncingSelection = false;
+    bool m_pickQueued = false;
 
     RegisterModel *m_model;
     QTableView *m_grid;

@@ -11,7 +11,9 @@
 #include "register/CheckNumbers.h"
 #include "register/LinkedRecords.h"
 #include "ui/DateBox.h"
+#include "ui/MoneyBox.h"
 #include "ui/Named.h"
+#include "ui/ReturnKey.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -60,6 +62,7 @@ TransferPanel::TransferPanel(Interaction &interaction, QWidget *parent)
     m_date3->hide(); // kept in step with the date; checked with it
     m_checkNumbers->setIsTaken(
         [this](std::int64_t n) { return CheckNumbers::isDuplicate(fromRegister(), n); });
+    fitLargestAmount(m_amount);
     auto *clear = named(new QPushButton(tr("Clear"), this), "cmdClearTransfer");
 
     connect(m_from, &QComboBox::activated, this, &TransferPanel::onFromChosen);
@@ -105,6 +108,7 @@ TransferPanel::TransferPanel(Interaction &interaction, QWidget *parent)
     layout->addWidget(m_checkNumbers);
     layout->addLayout(buttons);
     layout->addStretch();
+    ReturnKey::install(this, {m_enter}, {m_checkNumbers->box()});
     onClear();
 }
 

@@ -1,0 +1,223 @@
+// The main window as a user meets it, at the two screen sizes the program is
+// laid out for: keyboard paths through its controls, and money that is never
+// shown cut.
+
+#include "app/MainForm.h"
+#include "app/ScriptInteraction.h"
+#include "app/StartForm.h"
+#include "core/Clock.h"
+#include "ui/DateBox.h"
+
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QScreen>
+#include <QStyleOptionFrame>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+namespace {
+
+// Lets every pending layout pass run, as the event loop does before painting.
+void settle()
+{
+    for (int i = 0; i < 5; ++i) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+        QApplication::processEvents();
+    }
+}
+
+// One start of the program on a fresh home folder, the sample accounts open.
+struct Run
+{
+    QTemporaryDir home;
+    QStringList transcript;
+    ScriptInteraction interaction{[this](const QString &line) { transcript << line; }};
+    std::unique_ptr<StartForm> start;
+    MainForm *main = nullptr;
+
+    explicit Run(QSize screen)
+    {
+        StartForm::Options options;
+        options.appPath = home.path();
+        options.screen = screen;
+        start = std::make_unique<StartForm>(options, interaction);
+        if (!start->start())
+            return;
+        main = start->mainForm();
+        main->switchDataSet();
+        settle();
+    }
+
+    template<typename W = QWidget> W *find(const QString &name) const
+    {
+        return main->findChild<W *>(name);
+    }
+};
+
+const QRegularExpression Money(QStringLiteral("^\\(?-?\\$?[0-9,]+\\.[0-9]+\\)?$"));
+
+// Where a label, a text box or a grid cell has less room than its text needs.
+QStringList cutLabels(const QWidget *window)
+{
+    QStringList cut;
+    for (const QLabel *label : window->findChildren<QLabel *>()) {
+        const QString text = label->text().trimmed();
+        if (!label->isVisibleTo(window) || !Money.match(text).hasMatch())
+            continue;
+        // Where the text is drawn, and the part of the label its window shows:
+        // a label pushed past the edge of a panel is cut there.
+        const int needed = label->fontMetrics().horizontalAdvance(label->text());
+        const QRect inside = label->contentsRect().adjusted(
+            label->margin() + std::max(0, label->indent()), 0, -label->margin(), 0);
+        const QRect drawn = QStyle::alignedRect(label->layoutDirection(), label->alignment(),
+                                                QSize(needed, inside.height()), inside);
+        QRect shown = label->rect();
+        for (const QWidget *w = label; w != window; w = w->parentWidget())
+            shown = shown.translated(w->pos()) & w->parentWidget()->rect();
+        shown.translate(-label->mapTo(window, QPoint(0, 0)));
+        if (drawn.left() < inside.left() || drawn.left() < shown.left()
+            || drawn.right() > inside.right() || drawn.right() > shown.right())
+            cut << QStringLiteral("%1 \"%2\": %3 of %4 pixels")
+                       .arg(label->objectName(), text)
+                       .arg((shown & inside).width())
+                       .arg(needed);
+    }
+    return cut;
+}
+
+int textRoom(const QLineEdit *edit)
+{
+    QStyleOptionFrame option;
+    option.initFrom(edit);
+    option.rect = edit->contentsRect();
+    option.lineWidth = edit->hasFrame()
+                           ? edit->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, edit)
+                           : 0;
+    const QRect r = edit->style()->subElementRect(QStyle::SE_LineEditContents, &option, edit);
+    const QMargins margins = edit->textMargins();
+    // A line edit keeps two pixels clear on each side of its text.
+    return r.width() - margins.left() - margins.right() - 4;
+}
+
+QStringList cutCells(const QTableView *grid, int column)
+{
+    QStringList cut;
+    const int margin = grid->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, grid) + 1;
+    for (int row = 0; row < grid->model()->rowCount(); ++row) {
+        const QString text = grid->model()->index(row, column).data().toString();
+        const int needed = grid->fontMetrics().horizontalAdvance(text) + 2 * margin;
+        if (needed > grid->columnWidth(column))
+            cut << QStringLiteral("%1 row %2 \"%3\": %4 of %5 pixels")
+                       .arg(grid->objectName())
+                       .arg(row + 1)
+                       .arg(text)
+                       .arg(grid->columnWidth(column))
+                       .arg(needed);
+    }
+    return cut;
+}
+
+#define expectNone(list)                                                                           \
+    do {                                                                                           \
+        const QStringList found = list;                                                            \
+        QVERIFY2(found.isEmpty(), qPrintable(found.join(QStringLiteral("; "))));                   \
+    } while (false)
+
+} // namespace
+
+class TestMainWindow : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void tabLeavesTheAccountList();
+    void moneyIsNeverCut_data();
+    void moneyIsNeverCut();
+};
+
+void TestMainWindow::initTestCase()
+{
+    static QTemporaryDir config;
+    QVERIFY(config.isValid());
+    qputenv("XDG_CONFIG_HOME", config.path().toLocal8Bit());
+    QFile conf(config.filePath(QStringLiteral("quillmere.conf")));
+    QVERIFY(conf.open(QIODevice::WriteOnly));
+    conf.write("[Options]\nShow%20Tips%20at%20Startup=0\n");
+    Clock::setToday(QDate(2026, 11, 21));
+}
+
+void TestMainWindow::tabLeavesTheAccountList()
+{
+    Run run(QSize(1024, 768));
+    QVERIFY(run.main);
+    auto *grid = run.find<QTableView>(QStringLiteral("flxgdBankAcct"));
+    QVERIFY(grid);
+    grid->setFocus(Qt::TabFocusReason);
+    QCOMPARE(run.main->focusWidget(), grid);
+    // Tab moves on to the next control and Shift+Tab comes back; neither
+    // walks the cells.
+    QTest::keyClick(grid, Qt::Key_Tab);
+    QWidget *next = run.main->focusWidget();
+    QVERIFY(next != grid);
+    QTest::keyClick(next, Qt::Key_Backtab);
+    QCOMPARE(run.main->focusWidget(), grid);
+    QTest::keyClick(grid, Qt::Key_Backtab);
+    QVERIFY(run.main->focusWidget() != grid);
+}
+
+void TestMainWindow::moneyIsNeverCut_data()
+{
+    QTest::addColumn<QSize>("screen");
+    QTest::newRow("1024x768") << QSize(1024, 768);
+    QTest::newRow("800x600") << QSize(800, 600);
+}
+
+void TestMainWindow::moneyIsNeverCut()
+{
+    QFETCH(QSize, screen);
+    Run run(screen);
+    QVERIFY(run.main);
+    QCOMPARE(run.main->size(), screen);
+    auto *accounts = run.find<QTableView>(QStringLiteral("flxgdBankAcct"));
+    QVERIFY(accounts);
+
+    const QString largest = QStringLiteral("90,000,000,000.00");
+    const struct
+    {
+        const char *panel;
+        const char *amountBox;
+    } panels[] = {{"register", "cmbamt"},
+                  {"transfer", "cmbamt(2)"},
+                  {"budget", "txtBudAmount"},
+                  {"budgettransfer", "cmbamt(3)"},
+                  {"accounts", "txtStartBal"}};
+    for (const auto &p : panels) {
+        QVERIFY(run.main->showPanel(QString::fromLatin1(p.panel)));
+        settle();
+        expectNone(cutLabels(run.main));
+        expectNone(cutCells(accounts, 1));
+        auto *box = run.find<QLineEdit>(QString::fromLatin1(p.amountBox));
+        QVERIFY2(box, p.amountBox);
+        QVERIFY2(run.main->fontMetrics().horizontalAdvance(largest) <= textRoom(box), p.amountBox);
+    }
+    // The row that sets the first date listed takes room from the register's
+    // heading, never from the account list.
+    QVERIFY(run.main->showPanel(QStringLiteral("register")));
+    run.find<QPushButton>(QStringLiteral("cmdView"))->click();
+    settle();
+    expectNone(cutLabels(run.main));
+    expectNone(cutCells(accounts, 1));
+}
+
+QTEST_MAIN(TestMainWindow)
+#include "tst_mainwindow.moc"
