@@ -64,6 +64,7 @@ BudgetPanel::BudgetPanel(Interaction &interaction, QWidget *parent)
     m_grid->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_grid->setSelectionMode(QAbstractItemView::SingleSelection);
     m_grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_grid->setTabKeyNavigation(false);
     m_grid->verticalHeader()->hide();
     m_grid->verticalHeader()->setDefaultSectionSize(21);
     m_grid->setColumnHidden(BudgetListModel::BudNum, true);

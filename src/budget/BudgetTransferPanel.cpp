@@ -63,6 +63,7 @@ BudgetTransferPanel::BudgetTransferPanel(Interaction &interaction, QWidget *pare
     m_list->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_list->setTabKeyNavigation(false);
     m_list->verticalHeader()->hide();
     m_list->verticalHeader()->setDefaultSectionSize(21);
     m_list->horizontalHeader()->resizeSection(0, 84);

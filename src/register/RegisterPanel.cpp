@@ -82,6 +82,8 @@ RegisterPanel::RegisterPanel(Interaction &interaction, QWidget *parent)
     m_grid->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_grid->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    // One Tab stop: the arrow keys move between rows.
+    m_grid->setTabKeyNavigation(false);
     m_grid->verticalHeader()->hide();
     m_grid->verticalHeader()->setDefaultSectionSize(21);
     m_grid->setWordWrap(false);

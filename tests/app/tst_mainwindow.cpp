@@ -140,7 +140,7 @@ class TestMainWindow : public QObject
 
 private Q_SLOTS:
     void initTestCase();
-    void tabLeavesTheAccountList();
+    void tabLeavesEveryList();
     void moneyIsNeverCut_data();
     void moneyIsNeverCut();
 };
@@ -156,23 +156,36 @@ void TestMainWindow::initTestCase()
     Clock::setToday(QDate(2026, 11, 21));
 }
 
-void TestMainWindow::tabLeavesTheAccountList()
+void TestMainWindow::tabLeavesEveryList()
 {
     Run run(QSize(1024, 768));
     QVERIFY(run.main);
-    auto *grid = run.find<QTableView>(QStringLiteral("flxgdBankAcct"));
-    QVERIFY(grid);
-    grid->setFocus(Qt::TabFocusReason);
-    QCOMPARE(run.main->focusWidget(), grid);
-    // Tab moves on to the next control and Shift+Tab comes back; neither
-    // walks the cells.
-    QTest::keyClick(grid, Qt::Key_Tab);
-    QWidget *next = run.main->focusWidget();
-    QVERIFY(next != grid);
-    QTest::keyClick(next, Qt::Key_Backtab);
-    QCOMPARE(run.main->focusWidget(), grid);
-    QTest::keyClick(grid, Qt::Key_Backtab);
-    QVERIFY(run.main->focusWidget() != grid);
+    // Each list that is only read is one stop for Tab: Tab moves on to the
+    // next control and Shift+Tab comes back, neither walks the cells. (The
+    // budget's item grid is typed into cell by cell, so Tab moves in it.)
+    const struct
+    {
+        const char *panel;
+        const char *grid;
+    } lists[] = {{"register", "flxgdBankAcct"},
+                 {"register", "flxgdtrans"},
+                 {"budget", "flxgdAcctBudget"},
+                 {"budgettransfer", "flxgdBudTrans"}};
+    for (const auto &l : lists) {
+        QVERIFY(run.main->showPanel(QString::fromLatin1(l.panel)));
+        settle();
+        auto *grid = run.find<QTableView>(QString::fromLatin1(l.grid));
+        QVERIFY2(grid, l.grid);
+        grid->setFocus(Qt::TabFocusReason);
+        QCOMPARE(run.main->focusWidget(), grid);
+        QTest::keyClick(grid, Qt::Key_Tab);
+        QWidget *next = run.main->focusWidget();
+        QVERIFY2(next != grid, l.grid);
+        QTest::keyClick(next, Qt::Key_Backtab);
+        QCOMPARE(run.main->focusWidget(), grid);
+        QTest::keyClick(grid, Qt::Key_Backtab);
+        QVERIFY2(run.main->focusWidget() != grid, l.grid);
+    }
 }
 
 void TestMainWindow::moneyIsNeverCut_data()
