@@ -16,7 +16,7 @@ class AccountEditor : public QGroupBox
 {
     Q_OBJECT
 public:
-    AccountEditor(Interaction &interaction, QWidget *parent = nullptr);
+    explicit AccountEditor(Interaction &interaction, QWidget *parent = nullptr);
 
     void setDataFiles(const DataFiles &files);
     // The account that Rename works on (0: none).

@@ -23,9 +23,8 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
-    // The heading rows' cell colour value and style value.
+    // The heading rows' cell colour value (blue-green-red): red.
     static constexpr int HeadingColour = 255;
-    static constexpr int HeadingStyle = 4;
 
 private:
     AccountSummary m_summary;

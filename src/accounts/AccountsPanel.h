@@ -16,7 +16,7 @@ class AccountsPanel : public QWidget
 {
     Q_OBJECT
 public:
-    AccountsPanel(Interaction &interaction, QWidget *parent = nullptr);
+    explicit AccountsPanel(Interaction &interaction, QWidget *parent = nullptr);
 
     // A data set was opened: its accounts are shown.
     void setDataFiles(const DataSnapshot &data);

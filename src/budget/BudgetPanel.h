@@ -22,7 +22,7 @@ class BudgetPanel : public QWidget
 {
     Q_OBJECT
 public:
-    BudgetPanel(Interaction &interaction, QWidget *parent = nullptr);
+    explicit BudgetPanel(Interaction &interaction, QWidget *parent = nullptr);
 
     // A data set was opened: the editor starts empty and its categories are shown.
     void setDataFiles(const DataSnapshot &data);

@@ -22,7 +22,7 @@ class BudgetTransferPanel : public QWidget
 {
     Q_OBJECT
 public:
-    BudgetTransferPanel(Interaction &interaction, QWidget *parent = nullptr);
+    explicit BudgetTransferPanel(Interaction &interaction, QWidget *parent = nullptr);
 
     // A data set was opened: a new single transfer starts on its categories.
     void setDataFiles(const DataSnapshot &data);

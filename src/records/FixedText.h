@@ -14,7 +14,9 @@ template<int N> class FixedText
 {
 public:
     FixedText() { m_bytes.fill(' '); }
-    FixedText(const QString &text) { set(text); } // NOLINT: assigning text is natural
+    // Not explicit on purpose: a record's text fields are filled from text, in
+    // assignments and in aggregate initialisers alike.
+    FixedText(const QString &text) { set(text); } // NOLINT(google-explicit-constructor)
 
     // Cut to N characters or padded with blanks.
     void set(const QString &text)

@@ -24,7 +24,7 @@ class RegisterPanel : public QWidget
 {
     Q_OBJECT
 public:
-    RegisterPanel(Interaction &interaction, QWidget *parent = nullptr);
+    explicit RegisterPanel(Interaction &interaction, QWidget *parent = nullptr);
 
     void setDataFiles(const DataFiles &files);
     // Makes an account current (BankNum 0: none) and lists its register.

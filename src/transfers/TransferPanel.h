@@ -23,7 +23,7 @@ class TransferPanel : public QWidget
 {
     Q_OBJECT
 public:
-    TransferPanel(Interaction &interaction, QWidget *parent = nullptr);
+    explicit TransferPanel(Interaction &interaction, QWidget *parent = nullptr);
 
     void setDataFiles(const DataFiles &files);
     // Refills the account lists; the current account is offered as the source.
