@@ -189,7 +189,7 @@ void BudgetPanel::setDataFiles(const DataSnapshot &data)
     showBudget(data);
 }
 
-void BudgetPanel::RefreshBudgetList()
+void BudgetPanel::refreshBudgetList()
 {
     DataSnapshot data;
     data.files = m_files;
@@ -264,7 +264,7 @@ void BudgetPanel::onSave()
     m_amount->setText(result.amountText.trimmed());
     onClearList();
     m_message->clear();
-    RefreshBudgetList();
+    refreshBudgetList();
     Q_EMIT categoriesChanged();
 }
 
@@ -282,7 +282,7 @@ void BudgetPanel::onRename()
     }
     m_itemize->setText(QStringLiteral("Itemize for ") + m_category->currentText().trimmed());
     m_message->clear();
-    RefreshBudgetList();
+    refreshBudgetList();
     Q_EMIT categoriesChanged();
 }
 
@@ -301,7 +301,7 @@ void BudgetPanel::onRemove()
     m_category->setEditText(QString());
     m_amount->clear();
     m_message->clear();
-    RefreshBudgetList();
+    refreshBudgetList();
     Q_EMIT categoriesChanged();
 }
 

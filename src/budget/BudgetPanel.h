@@ -27,7 +27,7 @@ public:
     // A data set was opened: the editor starts empty and its categories are shown.
     void setDataFiles(const DataSnapshot &data);
     // Re-reads every category and refills the grid, the category list and the totals.
-    void RefreshBudgetList();
+    void refreshBudgetList();
     // The same from categories and accounts already read.
     void showBudget(const DataSnapshot &data);
     // While set (by a panel that owns the entry row), saving beeps and does nothing.

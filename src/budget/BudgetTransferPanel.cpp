@@ -142,7 +142,7 @@ void BudgetTransferPanel::setDataFiles(const DataSnapshot &data)
     m_kind = Kind::Single;
     m_transfer->setText(tr("Transfer"));
     clearEntry(data.budget);
-    RefreshBudgetTransferList();
+    refreshBudgetTransferList();
 }
 
 void BudgetTransferPanel::setPeriodName(const QString &period)
@@ -177,7 +177,7 @@ void BudgetTransferPanel::reloadCategories(const std::vector<BudgetRecord> &budg
     }
 }
 
-void BudgetTransferPanel::RefreshBudgetTransferList()
+void BudgetTransferPanel::refreshBudgetTransferList()
 {
     m_model->setTransfers(BudgetTransfers(m_files).list());
     m_list->scrollToBottom();
@@ -249,7 +249,7 @@ void BudgetTransferPanel::clearEntry(const std::vector<BudgetRecord> &budget)
 void BudgetTransferPanel::finish()
 {
     Q_EMIT budgetChanged();
-    RefreshBudgetTransferList();
+    refreshBudgetTransferList();
     onClear();
 }
 
@@ -361,6 +361,6 @@ void BudgetTransferPanel::onRemoveSelected()
         showError(result.error);
         return;
     }
-    RefreshBudgetTransferList();
+    refreshBudgetTransferList();
     onClear();
 }

@@ -32,7 +32,7 @@ public:
     // Refills the category lists (after categories changed).
     void reloadCategories();
     void reloadCategories(const std::vector<BudgetRecord> &budget);
-    void RefreshBudgetTransferList();
+    void refreshBudgetTransferList();
 
 Q_SIGNALS:
     // Category balances changed.
