@@ -143,6 +143,9 @@ private Q_SLOTS:
     void tabLeavesEveryList();
     void moneyIsNeverCut_data();
     void moneyIsNeverCut();
+    void calendarGoesWhereItFits_data();
+    void calendarGoesWhereItFits();
+    void calendarOpensWholeAtTheBottom();
 };
 
 void TestMainWindow::initTestCase()
@@ -232,5 +235,86 @@ void TestMainWindow::moneyIsNeverCut()
     expectNone(cutCells(accounts, 1));
 }
 
-QTEST_MAIN(TestMainWindow)
+void TestMainWindow::calendarGoesWhereItFits_data()
+{
+    QTest::addColumn<QRect>("screen");
+    QTest::addColumn<QRect>("box");
+    QTest::addColumn<QRect>("expected");
+    const QSize month(280, 190);
+    const QRect large(0, 0, 1024, 768);
+    const QRect small(0, 0, 800, 600);
+    // Room below: it opens below.
+    QTest::newRow("1024x768, top")
+        << large << QRect(300, 100, 120, 24) << QRect(QPoint(300, 124), month);
+    QTest::newRow("800x600, top") << small << QRect(300, 100, 120, 24)
+                                  << QRect(QPoint(300, 124), month);
+    // The entry row at the bottom of the window: it opens above.
+    QTest::newRow("1024x768, bottom")
+        << large << QRect(380, 670, 110, 24) << QRect(QPoint(380, 480), month);
+    QTest::newRow("800x600, bottom")
+        << small << QRect(372, 498, 110, 24) << QRect(QPoint(372, 308), month);
+    // Near the right edge it moves left to stay on the screen.
+    QTest::newRow("800x600, right")
+        << small << QRect(700, 498, 110, 24) << QRect(QPoint(520, 308), month);
+    // Room neither below nor above: as low as it can be, all of it shown.
+    QTest::newRow("short screen") << QRect(0, 0, 800, 300) << QRect(10, 100, 110, 24)
+                                  << QRect(QPoint(10, 110), month);
+}
+
+void TestMainWindow::calendarGoesWhereItFits()
+{
+    QFETCH(QRect, screen);
+    QFETCH(QRect, box);
+    QFETCH(QRect, expected);
+    QCOMPARE(DateBox::dropDownGeometry(box, expected.size(), screen), expected);
+}
+
+void TestMainWindow::calendarOpensWholeAtTheBottom()
+{
+    Run run(QSize(800, 600));
+    QVERIFY(run.main);
+    run.main->move(0, 0);
+    QCOMPARE(run.main->screen()->geometry().size(), QSize(800, 600));
+    settle();
+    // No calendar is made before one is opened.
+    QCOMPARE(run.main->findChildren<QCalendarWidget *>().size(), 0);
+    auto *date = run.find<DateBox>(QStringLiteral("cmbDate"));
+    QVERIFY(date);
+    date->showPopup();
+    QCalendarWidget *calendar = date->calendar();
+    QVERIFY(calendar);
+    QVERIFY(calendar->isVisible());
+    QCOMPARE(run.main->findChildren<QCalendarWidget *>().size(), 1);
+    const QRect shown = calendar->geometry();
+    QVERIFY2(run.main->screen()->availableGeometry().contains(shown),
+             qPrintable(QStringLiteral("calendar at %1,%2 %3x%4")
+                            .arg(shown.x())
+                            .arg(shown.y())
+                            .arg(shown.width())
+                            .arg(shown.height())));
+    QVERIFY(shown.height() >= calendar->sizeHint().height());
+    // The box is at the bottom of the window, so the month opens above it.
+    QVERIFY(shown.bottom() < date->mapToGlobal(QPoint(0, 0)).y());
+    date->hidePopup();
+    QVERIFY(!calendar->isVisible());
+}
+
+// The offscreen screen is made 800 x 600, the smallest screen the program
+// runs on, so that drop-downs meet its edges where a user's would.
+int main(int argc, char **argv)
+{
+    QTemporaryDir dir;
+    const QString config = dir.filePath(QStringLiteral("screen.json"));
+    QFile file(config);
+    if (!file.open(QIODevice::WriteOnly)
+        || file.write(R"({"screens": [{"name": "small", "x": 0, "y": 0, "width": 800,
+                          "height": 600, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})")
+               < 0)
+        return 1;
+    file.close();
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + config.toLocal8Bit());
+    QApplication app(argc, argv);
+    TestMainWindow test;
+    return QTest::qExec(&test, argc, argv);
+}
 #include "tst_mainwindow.moc"
