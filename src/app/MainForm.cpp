@@ -87,6 +87,8 @@ MainForm::MainForm(Interaction &interaction, const QString &dataDir, QWidget *pa
     layout->addWidget(buildTitleBar());
     layout->addLayout(body, 1);
 
+    // Set once every panel exists: a sheet set earlier is worked through again
+    // for each widget added under it.
     setStyleSheet(QString::fromLatin1(Style));
 }
 
