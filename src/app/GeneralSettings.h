@@ -14,7 +14,6 @@ public:
     // Returns an empty string on success, else what went wrong.
     QString save(const GenInfoRecord &record) const;
 
-    static constexpr int PanelStateCount = 4;
     static constexpr int MaxPanelState = 3;
     // The theme a new settings file starts with.
     static QString defaultTheme() { return QStringLiteral("Blue"); }
