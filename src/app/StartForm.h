@@ -32,7 +32,6 @@ public:
     void stop();
 
     MainForm *mainForm() const { return m_main.get(); }
-    TipForm *tipForm() const { return m_tip.get(); }
     QString dataDir() const;
 
 private:
