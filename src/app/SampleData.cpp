@@ -1,5 +1,6 @@
 #include "app/SampleData.h"
 
+#include "accounts/AccountArchive.h"
 #include "accounts/AccountBook.h"
 #include "accounts/AccountService.h"
 #include "budget/BudgetBook.h"
@@ -60,7 +61,7 @@ public:
         return r.bankNum;
     }
 
-    void post(int bankNum, bool card, const Entry &e)
+    void post(int bankNum, bool card, const Entry &e, int year = 2026)
     {
         if (bankNum == 0)
             return;
@@ -68,7 +69,7 @@ public:
         const QString type = QString::fromLatin1(e.type);
         t.Type = type.startsWith(QStringLiteral("Check #")) ? type.mid(7) : type;
         t.TypeNum = static_cast<std::int16_t>(TransactionTypes::typeNum(type));
-        t.Date = EntryChecks::formatLongDate(QDate(2026, e.month, e.day));
+        t.Date = EntryChecks::formatLongDate(QDate(year, e.month, e.day));
         t.Description = QString::fromLatin1(e.payee);
         t.Memo = QString::fromLatin1(e.memo);
         t.BudName = TransactionTemplate::NoCategory;
@@ -180,6 +181,15 @@ public:
             m_error = result.error;
     }
 
+    void archive(int bankNum)
+    {
+        const auto r = AccountArchive(m_files).RemoveAccount(bankNum, AccountArchive::ArchiveMode);
+        if (!r.ok && m_error.isEmpty())
+            m_error = r.error;
+    }
+
+    Currency balance(int bankNum) const { return AccountBook(m_files).read(bankNum).Balance; }
+
     const QString &error() const { return m_error; }
 
 private:
@@ -187,6 +197,25 @@ private:
     QString m_error;
     QHash<QString, int> m_categories;
 };
+
+// A holiday savings club kept through 2025 and emptied for the holidays, then
+// archived: the sample set's archive list holds it.
+void archivedSavings(Builder &b)
+{
+    const int club = b.account(1, "Holiday Club Savings", 250'00, true, QDate(2025, 1, 2));
+    for (int month = 1; month <= 11; ++month) {
+        b.post(club, false, {month, 15, "Deposit", "Holiday club deposit", 100'00}, 2025);
+        b.post(club, false,
+               {month, QDate(2025, month, 1).daysInMonth(), "Interest Received", "Interest",
+                80 + month * 9},
+               2025);
+    }
+    b.post(club, false,
+           {12, 1, "Withdrawal", "Holiday shopping money", b.balance(club).raw() / 100,
+            "Club paid out"},
+           2025);
+    b.archive(club);
+}
 
 // Writes the whole sample set into dataDir (a fresh folder).
 QString build(const QString &dataDir)
@@ -338,6 +367,7 @@ QString build(const QString &dataDir)
     for (const char *p : {"Northwind Mobile", "County Water District", "Fuel Stop"})
         b.payee(joint, "Joint Household Checking", p);
     b.payee(visa, "Travel Visa", "Skyway Airlines");
+    archivedSavings(b);
     return b.error();
 }
 
@@ -384,6 +414,9 @@ QString ensure(const QString &dataDir)
             if (!a.isDeleted())
                 own << QFileInfo(DataFiles(dataDir, false).registerFile(a.BankName.text()))
                            .fileName();
+    // Nor an archived register of the user's own.
+    for (const AccountArchive::Entry &e : AccountArchive(DataFiles(dataDir, false)).entries())
+        own << QFileInfo(DataFiles(dataDir, false).archivedRegisterFile(e.name)).fileName();
     const QString list = QFileInfo(files.accountList()).fileName();
     QStringList names = QDir(building).entryList(QDir::Files);
     names.removeAll(list);

@@ -23,6 +23,15 @@ bool LinkedRecords::isLinked(const TransRecord &r)
     return isTransfer(r) || isPayment(r);
 }
 
+bool LinkedRecords::otherAccountRemoved(const DataFiles &files, int ownBankNum,
+                                        const TransRecord &record)
+{
+    AccountBook book(files);
+    const int other
+        = record.PaidFromBankNum == ownBankNum ? record.PaidToBankNum : record.PaidFromBankNum;
+    return other >= 1 && other <= book.count() && book.read(other).isDeleted();
+}
+
 LinkedRecords::Found LinkedRecords::find(const DataFiles &files, const TransRecord &record)
 {
     Found found;

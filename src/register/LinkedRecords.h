@@ -30,6 +30,10 @@ struct LinkedRecords
     // one register file is missing.
     struct Found;
     static Found find(const DataFiles &files, const TransRecord &record);
+    // Whether the account at the other end of this side (kept in account
+    // ownBankNum's register) has been deleted or archived.
+    static bool otherAccountRemoved(const DataFiles &files, int ownBankNum,
+                                    const TransRecord &record);
 };
 
 struct LinkedRecords::Found

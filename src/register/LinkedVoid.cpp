@@ -1,6 +1,7 @@
 #include "register/LinkedVoid.h"
 
 #include "accounts/AccountBook.h"
+#include "budget/BudgetBook.h"
 #include "budget/BudgetPosting.h"
 #include "records/AccountKinds.h"
 #include "records/RecordFile.h"
@@ -28,6 +29,30 @@ TransRecord voided(const TransRecord &old, const BankAcctRecord &account)
     return v;
 }
 
+// The other account was deleted or archived: its side stays as it is, and
+// this side is voided like an entry of its own.
+LinkedVoid::Result voidAlone(const DataFiles &files, BankAcctRecord owner, int recordNumber,
+                             const TransRecord &record)
+{
+    UnitOfWork unit(files.dataDir());
+    const TransRecord v = voided(record, owner);
+    unit.write(files.registerFile(owner.BankName.text()), recordNumber, v);
+    AccountPosting::post(unit, files, owner, &record, v);
+    // A payment kept by a card whose bank account is gone still gives the
+    // card's own category its amount back. The other way round the card's
+    // category went with the card (its number may serve another card now).
+    if (record.TransClass.is(TransactionClasses::PayCard)
+        && BudgetBook(files).cardCategory(owner.BankNum) == record.CCBudNum) {
+        TransRecord bankSide = record;
+        bankSide.TransClass = TransactionClasses::PayBank;
+        bankSide.Amount = -record.Amount;
+        BudgetPosting::post(unit, files, &bankSide, nullptr);
+    }
+    if (!unit.commit())
+        return {false, unit.error()};
+    return {true, QString()};
+}
+
 } // namespace
 
 namespace LinkedVoid {
@@ -40,6 +65,8 @@ Result voidLinked(const DataFiles &files, int bankNum, int recordNumber)
     if (!LinkedRecords::isLinked(record))
         return {false, QStringLiteral("This is not a transfer or a card payment")};
     const auto found = LinkedRecords::find(files, record);
+    if (!found.records && LinkedRecords::otherAccountRemoved(files, bankNum, record))
+        return voidAlone(files, owner, recordNumber, record);
     if (!found.records)
         return {false, found.problem};
     const LinkedRecords &l = *found.records;

@@ -127,7 +127,10 @@ RegisterEntry::Outcome RegisterEntry::store(const EntryRequest &request,
     Outcome out;
     out.recordNumber = request.recordNumber;
     out.appended = !change;
-    if (change && LinkedRecords::isTransfer(loaded)) {
+    if (change && LinkedRecords::isLinked(loaded)
+        && LinkedRecords::otherAccountRemoved(m_files, bankNum, loaded)) {
+        out.text = LinkedRecords::find(m_files, loaded).problem;
+    } else if (change && LinkedRecords::isTransfer(loaded)) {
         out.text = TransferElsewhere;
     } else if (change && loaded.TransClass.is(TransactionClasses::PayCard)) {
         const auto r = CardPayments(m_files).changeFromCard(

@@ -410,27 +410,64 @@ private Q_SLOTS:
 
     void partnerGone_data() { pairs("fileRemoved", {"account deleted", "register removed"}); }
 
+    // With the other account removed the link can no longer be changed, but
+    // this side can still be voided alone: the removed side stays as it is and
+    // so does the category of a removed card. A register missing behind the
+    // program's back refuses the void too.
     void partnerGone()
     {
         QFETCH(bool, payment);
         QFETCH(bool, fileRemoved);
         Books b;
         const int to = payment ? Visa : Savings;
+        const QString toPath = b.path(to);
         QVERIFY(payment ? b.pay("120").ok : b.move(Everyday, Savings, "Withdrawal", "120"));
         BankAcctRecord gone = b.account(to);
         gone.BankName = "Deleted";
         UnitOfWork unit(b.dir.path());
         unit.write(b.files.accountList(), to, gone);
-        QVERIFY(fileRemoved ? QFile::remove(b.path(to)) : unit.commit());
+        QVERIFY(fileRemoved ? QFile::remove(toPath) : unit.commit());
         const auto before = b.snapshot();
         const auto found = LinkedRecords::find(b.files, b.record(Everyday, 2));
         QVERIFY(!found.records && !found.problem.isEmpty());
-        QCOMPARE(LinkedVoid::voidLinked(b.files, Everyday, 2).error, found.problem);
         const Request again = transfer(Everyday, to, "Withdrawal", "10");
         QVERIFY(!(payment ? b.pay("10", Visa, 2).ok
                           : TransferService(b.files).change(Everyday, 2, again).ok));
         QVERIFY(!(payment ? b.pay("10").ok : b.move(Everyday, to, "Withdrawal", "10")));
         QVERIFY(b.snapshot() == before);
+
+        const auto voided = LinkedVoid::voidLinked(b.files, Everyday, 2);
+        if (fileRemoved) {
+            QCOMPARE(voided.error, found.problem);
+            QVERIFY(b.snapshot() == before);
+            return;
+        }
+        QVERIFY2(voided.ok, qPrintable(voided.error));
+        const TransRecord v = b.record(Everyday, 2);
+        QVERIFY(v.Type.is("Void") && v.Amount.isZero() && !LinkedRecords::isLinked(v));
+        QCOMPARE(b.balance(Everyday), Currency::fromUnits(1000));
+        const TransRecord other = RecordFile<TransRecord>(toPath).read(2);
+        QVERIFY(LinkedRecords::isLinked(other) && other.Amount == Currency::fromUnits(120));
+        QCOMPARE(b.account(to).Balance, gone.Balance);
+        QCOMPARE(b.category(), payment ? Currency() : Currency::fromUnits(50));
+    }
+
+    // A card's side of a payment whose bank account was removed voids alone
+    // and gives the card's category the payment back.
+    void cardSideVoidedAlone()
+    {
+        Books b;
+        QVERIFY(b.pay("120").ok);
+        BankAcctRecord gone = b.account(Everyday);
+        gone.BankName = "Deleted";
+        UnitOfWork unit(b.dir.path());
+        unit.write(b.files.accountList(), Everyday, gone);
+        QVERIFY(unit.commit());
+        const auto r = LinkedVoid::voidLinked(b.files, Visa, 2);
+        QVERIFY2(r.ok, qPrintable(r.error));
+        QVERIFY(b.record(Visa, 2).Type.is("Void"));
+        QCOMPARE(b.balance(Visa), Currency::fromUnits(-300));
+        QCOMPARE(b.category(), Currency::fromUnits(120));
     }
 
     // Stopped after any step of its commit, an entry is finished by the next
