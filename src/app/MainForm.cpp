@@ -9,6 +9,7 @@
 #include "budget/BudgetPanel.h"
 #include "budget/BudgetTransferPanel.h"
 #include "core/Interaction.h"
+#include "register/ArchivePanel.h"
 #include "register/RegisterPanel.h"
 #include "transfers/TransferPanel.h"
 
@@ -234,9 +235,28 @@ QWidget *MainForm::buildWorkArea()
               [this](const BankAcctRecord &a, const DataSnapshot &) {
                   m_editor->setCurrentAccount(a.BankNum);
               }});
+    // The archive is not remembered: a start never opens on it.
+    m_archive = new ArchivePanel(m_interaction, area);
+    addPanel({QStringLiteral("archive"),
+              tr("Archive"),
+              QStringLiteral("cmdArchiveAccts"),
+              nullptr,
+              {},
+              [this](const DataSnapshot &d) { m_archive->setDataFiles(d.files); },
+              [this](const DataChange &c, const DataSnapshot &) {
+                  if (c.has(DataChange::Accounts))
+                      m_archive->reload();
+              },
+              {}},
+             m_archive);
     m_buttonRow->addStretch();
 
     reportChanges();
+    // A removed account leaves every list of accounts and categories, and the
+    // first live account left becomes current: the data set is opened afresh.
+    connect(m_archive, &ArchivePanel::accountRemoved, this, &MainForm::openDataSet);
+    connect(m_archive, &ArchivePanel::closeRequested, this,
+            [this] { showPanel(QStringLiteral("register")); });
     connect(this, &MainForm::dataChanged, this, &MainForm::applyChange);
     // A transfer picked in the register is changed on the transfer panel.
     connect(m_register, &RegisterPanel::transferChangeRequested, this,

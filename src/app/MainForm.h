@@ -15,6 +15,7 @@
 
 class AccountEditor;
 class AccountsPanel;
+class ArchivePanel;
 class BudgetPanel;
 class BudgetTransferPanel;
 class RegisterPanel;
@@ -114,6 +115,7 @@ private:
     BudgetPanel *m_budget = nullptr;
     BudgetTransferPanel *m_budgetTransfers = nullptr;
     TransferPanel *m_transfers = nullptr;
+    ArchivePanel *m_archive = nullptr;
     QHBoxLayout *m_buttonRow = nullptr;
     QStackedWidget *m_work = nullptr;
     QPushButton *m_sampleButton = nullptr;

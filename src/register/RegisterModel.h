@@ -32,6 +32,8 @@ public:
         DateCleared
     };
     static constexpr int ColumnCount = 10;
+    // The columns' widths in pixels when a grid first shows them.
+    static constexpr int ColumnWidths[ColumnCount] = {18, 76, 68, 140, 70, 66, 72, 76, 80, 76};
 
     enum Role {
         // The record number (from 1) of the row, on every column.

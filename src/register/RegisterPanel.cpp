@@ -12,6 +12,7 @@
 #include "records/TransactionTypes.h"
 #include "register/CheckNumberPrompt.h"
 #include "register/CheckNumbers.h"
+#include "register/CopyRows.h"
 #include "register/EntryRow.h"
 #include "register/LinkedRecords.h"
 #include "register/LinkedVoid.h"
@@ -89,9 +90,8 @@ RegisterPanel::RegisterPanel(Interaction &interaction, QWidget *parent)
     m_grid->setWordWrap(false);
     QHeaderView *header = m_grid->horizontalHeader();
     header->setMinimumSectionSize(18);
-    const int widths[] = {18, 76, 68, 140, 70, 66, 72, 76, 80, 76};
     for (int c = 0; c < RegisterModel::ColumnCount; ++c)
-        header->resizeSection(c, widths[c]);
+        header->resizeSection(c, RegisterModel::ColumnWidths[c]);
     header->setSectionResizeMode(RegisterModel::Payee, QHeaderView::Stretch);
     connect(header, &QHeaderView::sectionClicked, this, [this] {
         if (m_entry->checkNumbers->pending())
@@ -601,7 +601,9 @@ void RegisterPanel::loadForChange(int n)
         if (!found.records) {
             selectLoadedRow();
             showNotice(found.problem);
-            return;
+            // With the other account removed this side can still be voided.
+            if (!LinkedRecords::otherAccountRemoved(m_files, m_account.BankNum, r))
+                return;
         }
     }
     EntryRow *e = m_entry;
@@ -754,20 +756,5 @@ void RegisterPanel::onDeletePayee()
 
 void RegisterPanel::onCopy()
 {
-    QList<int> rows;
-    for (const QModelIndex &index : m_grid->selectionModel()->selectedRows())
-        if (const int n = index.data(RegisterModel::RecordNumberRole).toInt())
-            rows << m_model->rowOfRecord(n);
-    if (rows.isEmpty()) {
-        m_interaction.beep();
-        return;
-    }
-    std::sort(rows.begin(), rows.end());
-    const auto answer
-        = m_interaction.messageBox(QStringLiteral("Copy the ") + QString::number(rows.size())
-                                       + QStringLiteral(" selected Transaction(s) to Clipboard."),
-                                   QStringLiteral("Copy Selected Transactions to Clipboard"),
-                                   Interaction::Icon::Question, Interaction::Buttons::OKCancel);
-    if (answer == Interaction::Answer::OK)
-        m_interaction.setClipboard(m_model->tabSeparated(rows));
+    copySelectedTransactions(m_interaction, *m_grid, *m_model);
 }

@@ -98,8 +98,11 @@ private Q_SLOTS:
 
         QVERIFY(!form->showPanel(QStringLiteral("Register")));
         QCOMPARE(form->shownPanel(), QStringLiteral("transfer"));
-        QCOMPARE(form->panelIds(),
-                 (QStringList{"register", "transfer", "budget", "budgettransfer", "accounts"}));
+        QCOMPARE(form->panelIds(), (QStringList{"register", "transfer", "budget", "budgettransfer",
+                                                "accounts", "archive"}));
+        // The archive is never where a start opens.
+        QVERIFY(form->showPanel(QStringLiteral("archive")));
+        QCOMPARE(savedState(), (Values{1, 0, 3, 1}));
     }
 };
 
