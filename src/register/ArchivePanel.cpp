@@ -123,6 +123,10 @@ ArchivePanel::ArchivePanel(Interaction &interaction, QWidget *parent)
     layout->addWidget(box);
     layout->addWidget(m_status);
     layout->addWidget(m_grid, 1);
+    // Without the grid the box keeps its own height at the top.
+    box->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+    layout->addStretch(0);
+    m_layout = layout;
     showSide(0);
 }
 
@@ -160,6 +164,8 @@ void ArchivePanel::showSide(int side)
     m_prompt->setText(side == 0 ? RemovePrompt : ViewPrompt);
     m_grid->setVisible(side == 1);
     m_status->setVisible(side == 1);
+    if (m_layout)
+        m_layout->setStretch(m_layout->count() - 1, side == 1 ? 0 : 1);
     if (side == 1 && m_archived->currentIndex() < 0)
         clearGrid();
 }

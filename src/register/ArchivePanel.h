@@ -11,6 +11,7 @@ class QPushButton;
 class QRadioButton;
 class QStackedWidget;
 class QTableView;
+class QVBoxLayout;
 class RegisterModel;
 
 // The account archive: taking an account out of the list (archived or
@@ -60,4 +61,5 @@ private:
     QLabel *m_status = nullptr;
     RegisterModel *m_model = nullptr;
     QTableView *m_grid = nullptr;
+    QVBoxLayout *m_layout = nullptr;
 };
