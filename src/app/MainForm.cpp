@@ -41,7 +41,7 @@ QTableView { background: white; gridline-color: #d5dee8; selection-background-co
              selection-color: black; }
 #lblNewBkError { color: #c0392b; }
 #picHelp { background: #fffbe6; border: 1px solid #e6d892; border-radius: 4px; }
-#picPanelButtons QPushButton { padding: 4px 14px; }
+#picPanelButtons QPushButton { padding: 4px 9px; }
 #picPanelButtons QPushButton:checked { background: #1f4e79; color: white; border: 1px solid #1f4e79;
                                        border-radius: 3px; }
 #picEntry { background: #f8fbfd; border: 1px solid #b8c7d6; border-radius: 4px; }
