@@ -72,10 +72,12 @@ BudgetPanel::BudgetPanel(Interaction &interaction, QWidget *parent)
     QHeaderView *header = m_grid->horizontalHeader();
     header->setMinimumSectionSize(14);
     header->resizeSection(BudgetListModel::Fixed, 14);
-    header->resizeSection(BudgetListModel::Monthly, 80);
-    header->resizeSection(BudgetListModel::Balance, 80);
+    // The money columns take the width of their widest figure, so a balance
+    // is never shown cut, however narrow the window.
+    header->setSectionResizeMode(BudgetListModel::Monthly, QHeaderView::ResizeToContents);
+    header->setSectionResizeMode(BudgetListModel::Balance, QHeaderView::ResizeToContents);
     header->resizeSection(BudgetListModel::Picture, 20);
-    header->resizeSection(BudgetListModel::Items, 50);
+    header->setSectionResizeMode(BudgetListModel::Items, QHeaderView::ResizeToContents);
     header->setSectionResizeMode(BudgetListModel::Category, QHeaderView::Stretch);
     connect(m_grid, &QTableView::clicked, this, &BudgetPanel::onGridClicked);
     // Shift and the right button copy the budget table, as does Ctrl+C.
@@ -162,11 +164,13 @@ QWidget *BudgetPanel::buildEditor()
     form->addWidget(m_category, 0, 1);
     form->addWidget(new QLabel(tr("Monthly"), box), 1, 0);
     form->addWidget(m_amount, 1, 1);
-    auto *buttons = new QHBoxLayout;
-    buttons->addWidget(clear);
-    buttons->addWidget(remove);
-    buttons->addWidget(rename);
-    buttons->addWidget(save);
+    // Two rows of two, so the editor leaves the category list room for its
+    // figures at 800 x 600.
+    auto *buttons = new QGridLayout;
+    buttons->addWidget(clear, 0, 0);
+    buttons->addWidget(remove, 0, 1);
+    buttons->addWidget(rename, 1, 0);
+    buttons->addWidget(save, 1, 1);
     auto *layout = new QVBoxLayout(box);
     layout->addLayout(form);
     layout->addWidget(m_itemize);

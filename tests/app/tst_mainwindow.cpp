@@ -226,6 +226,17 @@ void TestMainWindow::moneyIsNeverCut()
         QVERIFY2(box, p.amountBox);
         QVERIFY2(run.main->fontMetrics().horizontalAdvance(largest) <= textRoom(box), p.amountBox);
     }
+    // The category list shows its figures whole, without scrolling sideways.
+    QVERIFY(run.main->showPanel(QStringLiteral("budget")));
+    settle();
+    auto *budget = run.find<QTableView>(QStringLiteral("flxgdAcctBudget"));
+    QVERIFY(budget && budget->model()->rowCount() > 0);
+    for (int column : {2, 3}) {
+        expectNone(cutCells(budget, column));
+        QVERIFY2(budget->columnViewportPosition(column) + budget->columnWidth(column)
+                     <= budget->viewport()->width(),
+                 "a budget figure lies outside the list");
+    }
     // The row that sets the first date listed takes room from the register's
     // heading, never from the account list.
     QVERIFY(run.main->showPanel(QStringLiteral("register")));
