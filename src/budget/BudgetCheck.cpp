@@ -6,26 +6,48 @@
 
 namespace BudgetCheck {
 
+bool isIncoming(const QString &typeText)
+{
+    static const QStringList incoming = {
+        QStringLiteral("Deposit"), QStringLiteral("ATM Deposit"), QStringLiteral("Direct Deposit"),
+        QStringLiteral("Interest Received"), QStringLiteral("Credit")};
+    return incoming.contains(typeText.trimmed());
+}
+
 Result budgetcheck(const DataFiles &files, const Input &in)
+{
+    Request r;
+    r.amount = BudgetBook::amountValue(in.amountText);
+    r.incoming = isIncoming(in.typeText);
+    r.category = in.budgetIndex > 0 && !in.typeText.isEmpty();
+    r.budNum = in.budNum;
+    r.budName = in.budName;
+    r.card = in.cardIndex >= 1;
+    r.cardBudNum = in.cardBudNum;
+    r.cardName = in.cardName;
+    r.mode = in.mode;
+    r.tranno = in.tranno;
+    r.oldTransAmount = in.oldTransAmount;
+    r.oldBudNum = in.oldBudNum;
+    r.oldAmountApplies = in.oldAmountApplies;
+    return budgetcheck(files, r);
+}
+
+Result budgetcheck(const DataFiles &files, const Request &in)
 {
     Result result;
     // A change of the record marked 1 in its leading field is exempt.
     if (in.tranno == 1 && in.mode == 1)
         return result;
 
-    Currency amount = BudgetBook::amountValue(in.amountText);
-    static const QStringList incoming = {
-        QStringLiteral("Deposit"), QStringLiteral("ATM Deposit"), QStringLiteral("Direct Deposit"),
-        QStringLiteral("Interest Received"), QStringLiteral("Credit")};
     // Money coming in raises the category; everything else lowers it.
-    if (incoming.contains(in.typeText.trimmed()))
-        amount = -amount;
+    const Currency amount = in.incoming ? -in.amount : in.amount;
 
     QString name;
-    if (in.budgetIndex > 0 && !in.typeText.isEmpty() && !amount.isZero()) {
+    if (in.category && !amount.isZero()) {
         result.curBudNum = in.budNum;
         name = in.budName;
-    } else if (!amount.isZero() && in.cardIndex >= 1) {
+    } else if (!amount.isZero() && in.card) {
         result.curBudNum = in.cardBudNum;
         name = in.cardName;
     } else {

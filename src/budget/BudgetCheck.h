@@ -29,6 +29,29 @@ struct Input
     int oldAmountApplies = 0; // OldAmountApplies: -1 (True) or 0
 };
 
+// The same, as read once from the entry row.
+struct Request
+{
+    Currency amount;       // the typed amount: never negative
+    bool incoming = false; // the type brings money in (it raises the category)
+    bool category = false; // a category is chosen, with a type
+    int budNum = 0;
+    QString budName;
+    bool card = false;  // a card is chosen (and no category)
+    int cardBudNum = 0; // the budget category of that card
+    QString cardName;
+
+    int mode = 0;
+    int tranno = 0;
+    Currency oldTransAmount;
+    int oldBudNum = 0;
+    int oldAmountApplies = 0;
+};
+
+// Whether a type brings money in, as the budget takes it: a deposit of any
+// kind, or a credit.
+bool isIncoming(const QString &typeText);
+
 inline const QString Title = QStringLiteral("Budget Balance Exceeded");
 
 struct Result
@@ -37,6 +60,7 @@ struct Result
     std::optional<QString> warning; // the text for frmFund, when one is due
 };
 
+Result budgetcheck(const DataFiles &files, const Request &request);
 Result budgetcheck(const DataFiles &files, const Input &input);
 
 } // namespace BudgetCheck

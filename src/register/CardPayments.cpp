@@ -158,9 +158,28 @@ CardPayments::Result CardPayments::change(int bankNum, int bankRecord, TransReco
     return r;
 }
 
+CardPayments::Result CardPayments::changeFromCard(int cardBankNum, int cardRecord, Currency amount,
+                                                  const QDate &date, const QString &description,
+                                                  const QString &memo)
+{
+    return changeFromCardSide(cardBankNum, cardRecord, amount,
+                              date.isValid() ? std::optional<QDate>(date) : std::nullopt,
+                              description, memo);
+}
+
 CardPayments::Result CardPayments::changeFromCard(int cardBankNum, int cardRecord,
                                                   const QString &amountText, const QString &date,
                                                   const QString &description, const QString &memo)
+{
+    return changeFromCardSide(cardBankNum, cardRecord, Currency::parse(amountText),
+                              EntryChecks::parseDate(date), description, memo);
+}
+
+CardPayments::Result CardPayments::changeFromCardSide(int cardBankNum, int cardRecord,
+                                                      std::optional<Currency> amount,
+                                                      std::optional<QDate> day,
+                                                      const QString &description,
+                                                      const QString &memo)
 {
     const BankAcctRecord card = AccountBook(m_files).read(cardBankNum);
     const TransRecord stored
@@ -168,12 +187,10 @@ CardPayments::Result CardPayments::changeFromCard(int cardBankNum, int cardRecor
     const auto found = LinkedRecords::find(m_files, stored);
     if (!found.records)
         return refuse(found.problem);
-    const auto amount = Currency::parse(amountText);
     if (!amount || amount->isNegative() || amount->isZero())
         return refuse(QStringLiteral("Enter an amount greater than zero"));
     if (exceedsMaxAmount(*amount))
         return refuse(EntryChecks::MaxAmountText, EntryChecks::MaxAmountTitle);
-    const auto day = EntryChecks::parseDate(date);
     if (!day)
         return refuse(EntryChecks::BadDateText, EntryChecks::BadDateTitle);
     TransRecord bankSide = found.records->from;

@@ -18,12 +18,6 @@ bool isCheckText(const QString &typeText)
     return CheckNumbers::numberOfTypeText(typeText).has_value();
 }
 
-// The code used for the sign: checks are 6, the opening entry 15.
-int codeOf(const Input &input)
-{
-    return TransactionTypes::typeNum(input.typeText);
-}
-
 } // namespace
 
 QStringList typesFor(const QString &kindCode)
@@ -63,95 +57,132 @@ bool isEnterableType(const QString &kindCode, const QString &typeText)
     return typesFor(kindCode).contains(t);
 }
 
-std::optional<Refusal> validate(const QString &kindCode, const Input &input)
+namespace {
+
+// The values of a row whose amount and date have been read.
+Entry entryOf(const Input &input, Currency typed, const QDate &date)
 {
-    if (input.typeText.trimmed().isEmpty() || input.payee.trimmed().isEmpty()
-        || input.amountText.trimmed().isEmpty() || input.dateText.trimmed().isEmpty())
-        return Refusal{Refusal::Where::Label, CompleteAll, {}};
-    if (input.budgetIndex < 0 || input.cardIndex < 0
-        || (input.budgetIndex > 0 && input.cardIndex > 0))
-        return Refusal{Refusal::Where::Label, SelectCategory, {}};
-    if (!EntryChecks::ValidateEntryDate(input.dateText))
-        return Refusal{Refusal::Where::MessageBox, EntryChecks::BadDateText,
-                       EntryChecks::BadDateTitle};
-    if (!isEnterableType(kindCode, input.typeText))
-        return Refusal{Refusal::Where::Label, UnknownType, {}};
-    if (CheckNumbers::numberOfTypeText(input.typeText).value_or(0)
-        > std::numeric_limits<std::int32_t>::max())
-        return Refusal{Refusal::Where::MessageBox, CheckNumbers::TooLargeText,
-                       CheckNumbers::TooLargeTitle};
-    const auto amount = Currency::parse(input.amountText);
-    if (!amount)
-        return Refusal{Refusal::Where::Label, QStringLiteral("The amount must be a number"), {}};
-    if (amount->isNegative() || EntryChecks::hasSign(input.amountText))
-        return Refusal{Refusal::Where::Label,
-                       QStringLiteral("Type the amount without a sign: the type gives it its sign"),
-                       {}};
-    if (amount->isZero()
-        && TransactionTypes::typeNum(input.typeText) != TransactionTypes::TypeNum::StartingBalance)
-        return Refusal{
-            Refusal::Where::Label, QStringLiteral("Enter an amount greater than zero"), {}};
-    if (exceedsMaxAmount(*amount))
-        return Refusal{Refusal::Where::MessageBox, EntryChecks::MaxAmountText,
-                       EntryChecks::MaxAmountTitle};
-    return std::nullopt;
+    Entry e;
+    e.typeText = input.typeText.trimmed();
+    e.typeNum = TransactionTypes::typeNum(e.typeText);
+    e.checkNumber = CheckNumbers::numberOfTypeText(e.typeText);
+    if (e.checkNumber)
+        e.checkDigits = CheckNumbers::storedTypeText(e.typeText);
+    e.payee = input.payee.trimmed();
+    e.amount = typed;
+    if (e.typeNum == TransactionTypes::TypeNum::StartingBalance)
+        e.signedAmount = input.debit ? -typed : typed;
+    else
+        e.signedAmount = TransactionTypes::signedAmount(e.typeNum, typed);
+    e.date = date;
+    e.memo = input.memo;
+    e.category = input.budgetIndex > 0;
+    if (e.category) {
+        e.budNum = input.budNum;
+        e.budName = input.budName;
+    }
+    e.card = input.cardIndex > 0;
+    return e;
 }
 
-Currency typedAmount(const Input &input)
+Parsed refuse(Refusal::Where where, const QString &text, const QString &title = {})
 {
-    return Currency::parse(input.amountText).value_or(Currency()).abs();
+    return {Refusal{where, text, title}, {}};
+}
+
+} // namespace
+
+Parsed parse(const QString &kindCode, const Input &input)
+{
+    using W = Refusal::Where;
+    if (input.typeText.trimmed().isEmpty() || input.payee.trimmed().isEmpty()
+        || input.amountText.trimmed().isEmpty() || input.dateText.trimmed().isEmpty())
+        return refuse(W::Label, CompleteAll);
+    if (input.budgetIndex < 0 || input.cardIndex < 0
+        || (input.budgetIndex > 0 && input.cardIndex > 0))
+        return refuse(W::Label, SelectCategory);
+    const auto date = EntryChecks::parseDate(input.dateText);
+    if (!date)
+        return refuse(W::MessageBox, EntryChecks::BadDateText, EntryChecks::BadDateTitle);
+    if (!isEnterableType(kindCode, input.typeText))
+        return refuse(W::Label, UnknownType);
+    const auto amount = Currency::parse(input.amountText);
+    Entry entry = entryOf(input, amount.value_or(Currency()), *date);
+    if (entry.checkNumber.value_or(0) > std::numeric_limits<std::int32_t>::max())
+        return refuse(W::MessageBox, CheckNumbers::TooLargeText, CheckNumbers::TooLargeTitle);
+    if (!amount)
+        return refuse(W::Label, QStringLiteral("The amount must be a number"));
+    if (amount->isNegative() || EntryChecks::hasSign(input.amountText))
+        return refuse(W::Label,
+                      QStringLiteral("Type the amount without a sign: the type gives it its sign"));
+    if (amount->isZero() && entry.typeNum != TransactionTypes::TypeNum::StartingBalance)
+        return refuse(W::Label, QStringLiteral("Enter an amount greater than zero"));
+    if (exceedsMaxAmount(*amount))
+        return refuse(W::MessageBox, EntryChecks::MaxAmountText, EntryChecks::MaxAmountTitle);
+    return {std::nullopt, std::move(entry)};
+}
+
+std::optional<Refusal> validate(const QString &kindCode, const Input &input)
+{
+    return parse(kindCode, input).refusal;
+}
+
+Entry entryOf(const Input &input)
+{
+    return entryOf(input, Currency::parse(input.amountText).value_or(Currency()).abs(),
+                   EntryChecks::parseDate(input.dateText).value_or(QDate()));
 }
 
 Currency signedAmount(const Input &input)
 {
-    const int code = codeOf(input);
-    const Currency typed = typedAmount(input);
-    if (code == TransactionTypes::TypeNum::StartingBalance)
-        return input.debit ? -typed : typed;
-    return TransactionTypes::signedAmount(code, typed);
+    return entryOf(input).signedAmount;
 }
 
-BalanceCheck checkAccountBalance(const Input &input, const QString &accountName, Currency balance,
+BalanceCheck checkAccountBalance(const Entry &entry, const QString &accountName, Currency balance,
                                  bool changeMode, Currency oldSignedAmount)
 {
     // "Auto Charge" is deliberately classed outside the table here: it counts
     // as zero for this check.
-    const int index = input.typeText.trimmed() == QStringLiteral("Auto Charge") ? 0 : codeOf(input);
+    const int index = entry.typeText == QStringLiteral("Auto Charge") ? 0 : entry.typeNum;
     Currency amount;
     if (index >= TransactionTypes::TypeNum::Deposit && index <= TransactionTypes::TypeNum::Charge)
-        amount = TransactionTypes::signedAmount(index, typedAmount(input));
+        amount = TransactionTypes::signedAmount(index, entry.amount);
     else if (index == TransactionTypes::TypeNum::StartingBalance)
-        amount = signedAmount(input);
+        amount = entry.signedAmount;
 
     BalanceCheck check;
     const Currency base = changeMode ? balance - oldSignedAmount : balance;
     const Currency after = base + amount;
     if (after < Currency())
         check.warning = EntryChecks::registerBalanceText({amount, accountName, base, after});
-    check.incorrectPaymentType = index < TransactionTypes::TypeNum::Check && input.cardIndex > 0;
+    check.incorrectPaymentType = index < TransactionTypes::TypeNum::Check && entry.card;
     return check;
 }
 
-TransRecord fillRecord(TransRecord r, const Input &input, const BankAcctRecord &account,
+BalanceCheck checkAccountBalance(const Input &input, const QString &accountName, Currency balance,
+                                 bool changeMode, Currency oldSignedAmount)
+{
+    return checkAccountBalance(entryOf(input), accountName, balance, changeMode, oldSignedAmount);
+}
+
+TransRecord fillRecord(TransRecord r, const Entry &entry, const BankAcctRecord &account,
                        int cardBudNum)
 {
     const QString kind = account.Type.text().trimmed();
-    const QString type = input.typeText.trimmed();
-    const int code = TransactionTypes::typeNum(type);
-    if (AccountKinds::keepsCheckNumbers(kind) && isCheckText(type)) {
-        r.Type = CheckNumbers::storedTypeText(type);
+    if (AccountKinds::keepsCheckNumbers(kind) && entry.checkNumber) {
+        r.Type = entry.checkDigits;
         r.TypeNum = TransactionTypes::TypeNum::Check;
     } else {
-        r.Type = type;
-        r.TypeNum = static_cast<std::int16_t>(code);
+        r.Type = entry.typeText;
+        r.TypeNum = static_cast<std::int16_t>(entry.typeNum);
     }
-    r.Amount = signedAmount(input);
-    r.Date = EntryChecks::formatLongDate(*EntryChecks::parseDate(input.dateText));
-    r.Description = input.payee.trimmed();
-    r.Memo = input.memo;
-    if (input.budgetIndex > 0) {
-        r.BudName = input.budName;
-        r.BudNum = static_cast<std::int16_t>(input.budNum);
+    r.Amount = entry.signedAmount;
+    r.Date = EntryChecks::formatLongDate(entry.date);
+    r.Description = entry.payee;
+    r.Memo = entry.memo;
+    if (entry.category) {
+        r.BudName = entry.budName;
+        r.BudNum = static_cast<std::int16_t>(entry.budNum);
     } else {
         r.BudName = TransactionTemplate::NoCategory;
         r.BudNum = 0;
@@ -168,6 +199,12 @@ TransRecord fillRecord(TransRecord r, const Input &input, const BankAcctRecord &
         r.CCBudNum = 0;
     }
     return r;
+}
+
+TransRecord fillRecord(TransRecord base, const Input &input, const BankAcctRecord &account,
+                       int cardBudNum)
+{
+    return fillRecord(std::move(base), entryOf(input), account, cardBudNum);
 }
 
 } // namespace EntryRules

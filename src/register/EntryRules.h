@@ -9,6 +9,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <cstdint>
 #include <optional>
 
 // The rules of the register's entry row: which types an account offers, what
@@ -60,11 +61,38 @@ struct Refusal
     QString title;
 };
 
-// Steps 3 to 5 of Enter and the amount checks, in that order.
-std::optional<Refusal> validate(const QString &kindCode, const Input &input);
+// The entry row's values, read from its texts once (parse()); every later
+// rule of an entry takes these.
+struct Entry
+{
+    QString typeText; // trimmed: a listed type, "Starting Balance" or "Check #" and a number
+    int typeNum = 0;  // its TypeNum code (every "Check" text is a check)
+    std::optional<std::int64_t> checkNumber; // the number of a "Check #" type
+    QString checkDigits;                     // that number as the record keeps it
+    QString payee;                           // trimmed
+    Currency amount;                         // as typed: never negative
+    Currency signedAmount;                   // with the sign its type (or the sign option) gives it
+    QDate date;
+    QString memo;
+    bool category = false; // a category is chosen
+    int budNum = 0;
+    QString budName;
+    bool card = false; // a card is chosen: the entry pays it
+};
 
-// The amount typed, as a positive currency value (after validate() passed).
-Currency typedAmount(const Input &input);
+// Steps 3 to 5 of Enter and the amount checks, in that order; what passes
+// them comes back as typed values.
+struct Parsed
+{
+    std::optional<Refusal> refusal;
+    Entry entry; // only when there is no refusal
+};
+Parsed parse(const QString &kindCode, const Input &input);
+
+// The same checks when only the refusal matters.
+std::optional<Refusal> validate(const QString &kindCode, const Input &input);
+// The row's values without the checks: missing or bad texts read as nothing.
+Entry entryOf(const Input &input);
 // The amount with the sign its type gives it, as stored.
 Currency signedAmount(const Input &input);
 
@@ -75,11 +103,15 @@ struct BalanceCheck
     std::optional<QString> warning;
     bool incorrectPaymentType = false;
 };
+BalanceCheck checkAccountBalance(const Entry &entry, const QString &accountName, Currency balance,
+                                 bool changeMode, Currency oldSignedAmount);
 BalanceCheck checkAccountBalance(const Input &input, const QString &accountName, Currency balance,
                                  bool changeMode, Currency oldSignedAmount);
 
 // Fills a record from the entry row: in new mode `base` is the blank
 // template, in change mode the record being changed.
+TransRecord fillRecord(TransRecord base, const Entry &entry, const BankAcctRecord &account,
+                       int cardBudNum);
 TransRecord fillRecord(TransRecord base, const Input &input, const BankAcctRecord &account,
                        int cardBudNum);
 

@@ -47,38 +47,59 @@ int RegisterEntry::cardBudNum() const
     return 0;
 }
 
+RegisterEntry::Parsed RegisterEntry::parse(const EntryRequest &request) const
+{
+    Parsed parsed;
+    // The card's side of a payment keeps its type: it is checked as a credit.
+    EntryRules::Input checked = request.entry;
+    if (request.isChange() && request.loaded.TransClass.is(TransactionClasses::PayCard))
+        checked.typeText = QStringLiteral("Credit");
+    EntryRules::Parsed row = EntryRules::parse(m_account.Type.text().trimmed(), checked);
+    if (const auto &refusal = row.refusal) {
+        Outcome out;
+        out.text = refusal->text;
+        out.title = refusal->title;
+        out.messageBox = refusal->where == EntryRules::Refusal::Where::MessageBox;
+        parsed.refused = out;
+        return parsed;
+    }
+    static_cast<EntryTarget &>(parsed.request) = request;
+    parsed.request.entry = std::move(row.entry);
+    parsed.request.budgetIncoming = BudgetCheck::isIncoming(request.entry.typeText);
+    parsed.request.budgetCategory
+        = parsed.request.entry.category && !request.entry.typeText.isEmpty();
+    return parsed;
+}
+
 RegisterEntry::Outcome RegisterEntry::enter(const EntryRequest &request,
                                             Confirmations &confirmations) const
 {
-    const EntryRules::Input &in = request.entry;
+    const Parsed parsed = parse(request);
+    return parsed.refused ? *parsed.refused : enter(parsed.request, confirmations);
+}
+
+RegisterEntry::Outcome RegisterEntry::enter(const ParsedEntry &request,
+                                            Confirmations &confirmations) const
+{
+    const EntryRules::Entry &in = request.entry;
     const QString kind = m_account.Type.text().trimmed();
     const bool change = request.isChange();
     Outcome out;
 
-    // The card's side of a payment keeps its type: it is checked as a credit.
-    EntryRules::Input checked = in;
-    if (change && request.loaded.TransClass.is(TransactionClasses::PayCard))
-        checked.typeText = QStringLiteral("Credit");
-    if (const auto refusal = EntryRules::validate(kind, checked)) {
-        out.text = refusal->text;
-        out.title = refusal->title;
-        out.messageBox = refusal->where == EntryRules::Refusal::Where::MessageBox;
-        return out;
-    }
     const TransRecord record = EntryRules::fillRecord(
-        change ? request.loaded : TransactionTemplate::blank(), checked, m_account, cardBudNum());
+        change ? request.loaded : TransactionTemplate::blank(), in, m_account, cardBudNum());
 
     // Once a budget is set up, the category's warning comes first, then the account's.
     BudgetBook budget(m_files);
     if (budget.totals().monthly > Currency()) {
-        BudgetCheck::Input check;
-        check.amountText = in.amountText;
-        check.typeText = in.typeText;
-        check.budgetIndex = in.budgetIndex;
+        BudgetCheck::Request check;
+        check.amount = in.amount;
+        check.incoming = request.budgetIncoming;
+        check.category = request.budgetCategory;
         check.budNum = in.budNum;
         check.budName = in.budName;
-        check.cardIndex = in.cardIndex;
-        if (in.cardIndex > 0) {
+        check.card = in.card;
+        if (in.card) {
             check.cardBudNum = budget.cardCategory(request.cardBankNum);
             check.cardName = request.cardName;
         }
@@ -116,13 +137,13 @@ RegisterEntry::Outcome RegisterEntry::enter(const EntryRequest &request,
     return stored;
 }
 
-RegisterEntry::Outcome RegisterEntry::store(const EntryRequest &request,
+RegisterEntry::Outcome RegisterEntry::store(const ParsedEntry &request,
                                             const TransRecord &record) const
 {
-    const EntryRules::Input &in = request.entry;
+    const EntryRules::Entry &in = request.entry;
     const TransRecord &loaded = request.loaded;
     const bool change = request.isChange();
-    const bool payment = !AccountKinds::isCard(m_account.Type.text()) && in.cardIndex > 0;
+    const bool payment = !AccountKinds::isCard(m_account.Type.text()) && in.card;
     const int bankNum = m_account.BankNum;
     Outcome out;
     out.recordNumber = request.recordNumber;
@@ -133,8 +154,8 @@ RegisterEntry::Outcome RegisterEntry::store(const EntryRequest &request,
     } else if (change && LinkedRecords::isTransfer(loaded)) {
         out.text = TransferElsewhere;
     } else if (change && loaded.TransClass.is(TransactionClasses::PayCard)) {
-        const auto r = CardPayments(m_files).changeFromCard(
-            bankNum, request.recordNumber, in.amountText, in.dateText, in.payee, in.memo);
+        const auto r = CardPayments(m_files).changeFromCard(bankNum, request.recordNumber,
+                                                            in.amount, in.date, in.payee, in.memo);
         out.text = r.error;
         out.title = r.title;
         out.otherBankNum = loaded.PaidFromBankNum;

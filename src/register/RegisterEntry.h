@@ -10,12 +10,12 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 
-// What the entry row holds when Enter or quick entry is pressed, read once
-// from its controls, and the change being made when a register row was loaded.
-struct EntryRequest
+// Where an entry goes: a new entry, or a change of a register row that was
+// loaded, and the card chosen for a payment.
+struct EntryTarget
 {
-    EntryRules::Input entry;
     int cardBankNum = 0; // the card chosen in the card list (0: none)
     QString cardName;
 
@@ -28,6 +28,25 @@ struct EntryRequest
     int oldAmountApplies = 0; // OldAmountApplies, as the budget check takes it
 
     bool isChange() const { return recordNumber > 0; }
+};
+
+// The entry row's texts as read from its controls when Enter or quick entry
+// is pressed.
+struct EntryRequest : EntryTarget
+{
+    EntryRules::Input entry;
+};
+
+// The same entry with its values read once (RegisterEntry::parse): what the
+// checks and the write take.
+struct ParsedEntry : EntryTarget
+{
+    EntryRules::Entry entry;
+    // How the budget check takes the row's own type: the card's side of a
+    // payment is checked as a credit but budgeted by the type it shows, and
+    // its category counts only with a type.
+    bool budgetIncoming = false;
+    bool budgetCategory = false;
 };
 
 // The questions an entry asks before it is written (frmFund, after a beep)
@@ -84,6 +103,16 @@ public:
         bool written() const { return result == Result::Written; }
     };
 
+    // The row's texts read once, or the refusal of the entry row.
+    struct Parsed
+    {
+        std::optional<Outcome> refused;
+        ParsedEntry request; // only when not refused
+    };
+    Parsed parse(const EntryRequest &request) const;
+
+    Outcome enter(const ParsedEntry &request, Confirmations &confirmations) const;
+    // parse() and enter() in one.
     Outcome enter(const EntryRequest &request, Confirmations &confirmations) const;
 
     inline static const QString TransferElsewhere
@@ -94,7 +123,7 @@ public:
         = QStringLiteral("To make this payment an ordinary entry, void it and enter it again");
 
 private:
-    Outcome store(const EntryRequest &request, const TransRecord &record) const;
+    Outcome store(const ParsedEntry &request, const TransRecord &record) const;
     int cardBudNum() const;
 
     DataFiles m_files;

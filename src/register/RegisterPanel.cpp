@@ -396,9 +396,12 @@ void RegisterPanel::enterTransaction()
         request.oldBudNum = m_oldBudNum;
         request.oldAmountApplies = m_oldAmountApplies;
     }
+    // The row's texts are read here once; the checks and the write take the values.
+    const RegisterEntry entry(m_files, m_account);
+    const RegisterEntry::Parsed parsed = entry.parse(request);
     Confirmations confirmations(m_interaction, [this](const QString &text) { showError(text); });
     const RegisterEntry::Outcome outcome
-        = RegisterEntry(m_files, m_account).enter(request, confirmations);
+        = parsed.refused ? *parsed.refused : entry.enter(parsed.request, confirmations);
     switch (outcome.result) {
     case RegisterEntry::Outcome::Result::Cancelled:
         return;
