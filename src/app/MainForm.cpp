@@ -9,6 +9,7 @@
 #include "budget/BudgetPanel.h"
 #include "budget/BudgetTransferPanel.h"
 #include "core/Interaction.h"
+#include "reconcile/BalancingPanel.h"
 #include "register/ArchivePanel.h"
 #include "register/RegisterPanel.h"
 #include "transfers/TransferPanel.h"
@@ -159,6 +160,7 @@ QWidget *MainForm::buildWorkArea()
     m_transfers = new TransferPanel(m_interaction, area);
     m_budget = new BudgetPanel(m_interaction, area);
     m_budgetTransfers = new BudgetTransferPanel(m_interaction, area);
+    m_balancing = new BalancingPanel(m_interaction, area);
     m_editor = new AccountEditor(m_interaction, area);
     m_editor->setObjectName(QStringLiteral("fraNewAccount"));
 
@@ -220,6 +222,22 @@ QWidget *MainForm::buildWorkArea()
               {}},
              m_budgetTransfers);
 
+    addPanel(
+        {QStringLiteral("balancing"),
+         tr("Balance"),
+         QStringLiteral("cmdBalance"),
+         nullptr,
+         {},
+         [this](const DataSnapshot &d) { m_balancing->setDataFiles(d.files); },
+         [this](const DataChange &c, const DataSnapshot &) {
+             // The register's own entries reach the list one by one.
+             if (c.has(DataChange::Registers) && c.source != m_register)
+                 for (int bankNum : c.registers)
+                     m_balancing->registerChanged(bankNum);
+         },
+         [this](const BankAcctRecord &a, const DataSnapshot &) { m_balancing->setAccount(a); }},
+        m_balancing);
+
     auto *accountsPage = new QWidget(area);
     auto *accountsLayout = new QVBoxLayout(accountsPage);
     accountsLayout->setContentsMargins(0, 0, 0, 0);
@@ -267,6 +285,18 @@ QWidget *MainForm::buildWorkArea()
                 else
                     m_register->showNotice(problem);
             });
+
+    connect(m_register, &RegisterPanel::entryWritten, m_balancing, &BalancingPanel::entryWritten);
+    // A transaction picked in the balancing list is changed in the register.
+    connect(m_balancing, &BalancingPanel::changeRequested, this, [this](int bankNum, int record) {
+        if (bankNum == m_current.BankNum && m_register->pickForChange(record))
+            showPanel(QStringLiteral("register"));
+    });
+    connect(m_balancing, &BalancingPanel::correctionEntered, this, [this](int bankNum, int) {
+        if (bankNum == m_current.BankNum)
+            m_register->showLastRow();
+    });
+    connect(m_balancing, &BalancingPanel::editLockChanged, this, &MainForm::setEditLock);
 
     auto *layout = new QVBoxLayout(area);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -427,6 +457,13 @@ void MainForm::switchDataSet()
     m_settings.SampleMode = m_sample ? 1 : 0;
     saveSettings();
     openDataSet();
+}
+
+void MainForm::setEditLock(bool locked)
+{
+    m_editLock = locked;
+    m_budget->setEditLock(locked);
+    m_budgetTransfers->setEditLock(locked);
 }
 
 void MainForm::setCurrentAccount(int bankNum)

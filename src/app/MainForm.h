@@ -16,6 +16,7 @@
 class AccountEditor;
 class AccountsPanel;
 class ArchivePanel;
+class BalancingPanel;
 class BudgetPanel;
 class BudgetTransferPanel;
 class RegisterPanel;
@@ -68,6 +69,11 @@ public:
     // The user picked an account: false when the register's unsaved change
     // was kept instead.
     bool pickAccount(int bankNum);
+    // Set while a bank statement is being balanced (figures typed or a row
+    // ticked): budget saves and budget-transfer changes wait until it is
+    // confirmed or cancelled.
+    void setEditLock(bool locked);
+    bool editLock() const { return m_editLock; }
 
 Q_SIGNALS:
     // An operation was committed; every view but the one that did it follows.
@@ -116,6 +122,8 @@ private:
     BudgetTransferPanel *m_budgetTransfers = nullptr;
     TransferPanel *m_transfers = nullptr;
     ArchivePanel *m_archive = nullptr;
+    BalancingPanel *m_balancing = nullptr;
+    bool m_editLock = false;
     QHBoxLayout *m_buttonRow = nullptr;
     QStackedWidget *m_work = nullptr;
     QPushButton *m_sampleButton = nullptr;

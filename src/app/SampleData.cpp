@@ -7,6 +7,7 @@
 #include "budget/BudgetCategories.h"
 #include "budget/BudgetTransfers.h"
 #include "core/EntryChecks.h"
+#include "reconcile/StatementBook.h"
 #include "records/BudgetRecord.h"
 #include "records/RecordFile.h"
 #include "records/TransactionClasses.h"
@@ -184,6 +185,28 @@ public:
     void archive(int bankNum)
     {
         const auto r = AccountArchive(m_files).RemoveAccount(bankNum, AccountArchive::ArchiveMode);
+        if (!r.ok && m_error.isEmpty())
+            m_error = r.error;
+    }
+
+    // Balances a statement of the account: every open entry dated on or
+    // before `date` is cleared on it, except those dated `outstanding`.
+    void balanceStatement(int bankNum, const QDate &date, const QDate &outstanding = QDate())
+    {
+        if (bankNum == 0)
+            return;
+        const BankAcctRecord account = AccountBook(m_files).read(bankNum);
+        const QString path = m_files.registerFile(account.BankName.text());
+        const std::vector<TransRecord> records = RecordFile<TransRecord>(path).readAll();
+        std::vector<int> cleared;
+        for (std::size_t i = 0; i < records.size(); ++i) {
+            const TransRecord &t = records[i];
+            const auto on = EntryChecks::parseDate(t.Date.text());
+            if (t.Status.is(TransactionTemplate::Open) && on && *on <= date && *on != outstanding)
+                cleared.push_back(int(i + 1));
+        }
+        const auto r
+            = StatementBook(m_files).clear(bankNum, account.BankName.text(), date, cleared);
         if (!r.ok && m_error.isEmpty())
             m_error = r.error;
     }
@@ -368,6 +391,11 @@ QString build(const QString &dataDir)
         b.payee(joint, "Joint Household Checking", p);
     b.payee(visa, "Travel Visa", "Skyway Airlines");
     archivedSavings(b);
+
+    // Two statements of the main checking account balanced already; the cash
+    // taken for the school trip has not reached the bank yet.
+    b.balanceStatement(checking, QDate(2026, 8, 31));
+    b.balanceStatement(checking, QDate(2026, 9, 30), QDate(2026, 9, 24));
     return b.error();
 }
 

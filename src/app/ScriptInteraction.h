@@ -57,6 +57,8 @@ public:
     void setClipboard(const QString &text) override;
     void openUrl(const QString &url) override;
     void windowEvent(const QString &name, bool shown) override;
+    std::optional<QString> answerFor(const QString &window, const QString &text,
+                                     const QStringList &buttons) override;
 
     static QString iconName(Icon icon);
     static QString buttonsName(Buttons buttons);

@@ -3,6 +3,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 // Everything the program says to the user or does outside its own windows
 // passes through here: message boxes, the warning window frmFund, other modal
 // questions, file dialogs, beeps, print jobs, the clipboard, opened addresses
@@ -56,6 +58,18 @@ public:
     virtual void openUrl(const QString &url) = 0;
     // A secondary window (tip window, calculator, ...) was shown or closed.
     virtual void windowEvent(const QString &name, bool shown) = 0;
+    // One of the program's own modal windows (its object name) is about to ask
+    // the user to choose one of its buttons (by object name). A seam that
+    // answers for the user gives the button here and the window is not shown;
+    // the desktop gives nothing and the window is shown as usual.
+    virtual std::optional<QString> answerFor(const QString &window, const QString &text,
+                                             const QStringList &buttons)
+    {
+        Q_UNUSED(window);
+        Q_UNUSED(text);
+        Q_UNUSED(buttons);
+        return std::nullopt;
+    }
 
     // Shorthand for the common OK-only box.
     void message(const QString &text, const QString &title, Icon icon = Icon::None)

@@ -423,9 +423,10 @@ void RegisterPanel::enterTransaction()
     Q_EMIT balancesChanged(m_account.BankNum);
     // Only the entry's row (and the balances after it) changes: the register
     // is read again only when that cannot be done safely.
-    // When the statement-balancing panel is open, the new row joins its list here.
     if (!refreshEntered(outcome, request.loaded))
         FillRegisterGrid();
+    // A statement being balanced lists the new entry, or shows the change.
+    Q_EMIT entryWritten(m_account.BankNum, outcome.recordNumber, outcome.record);
 
     // Ready for the next entry: the date stays, the rest starts afresh.
     const QString date = m_entry->date->currentText();
@@ -681,10 +682,31 @@ void RegisterPanel::onVoid()
         showError(error);
         return;
     }
+    const int voided = m_recordNumber;
     m_account = AccountBook(m_files).read(m_account.BankNum);
     Q_EMIT balancesChanged(m_account.BankNum);
     FillRegisterGrid();
     onClear();
+    if (voided >= 1 && voided <= int(m_model->records().size()))
+        Q_EMIT entryWritten(m_account.BankNum, voided, m_model->records()[voided - 1]);
+}
+
+bool RegisterPanel::pickForChange(int recordNumber)
+{
+    if (recordNumber < 1 || recordNumber > int(m_model->records().size()))
+        return false;
+    loadForChange(recordNumber);
+    const QAbstractItemModel *shown = m_grid->model();
+    for (int row = 0; row < shown->rowCount(); ++row) {
+        const QModelIndex index = shown->index(row, RegisterModel::Type);
+        if (index.data(RegisterModel::RecordNumberRole).toInt() == recordNumber) {
+            m_grid->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect
+                                                                 | QItemSelectionModel::Rows);
+            m_grid->scrollTo(index);
+            break;
+        }
+    }
+    return true;
 }
 
 void RegisterPanel::onView()

@@ -42,6 +42,9 @@ public:
     void reloadCategories(const std::vector<BudgetRecord> &budget);
     // A short notice under the entry row that goes away by itself.
     void showNotice(const QString &text);
+    // Loads record n into the entry row for change, as a click on its row
+    // does; false when the register does not hold it.
+    bool pickForChange(int recordNumber);
 
     QTableView *grid() const { return m_grid; }
     RegisterModel *model() const { return m_model; }
@@ -59,6 +62,9 @@ Q_SIGNALS:
     void balancesChanged(int bankNum);
     // A transfer's row was picked: it is changed on the transfer panel.
     void transferChangeRequested(int bankNum, int recordNumber);
+    // The entry row wrote record n of this account's register (entered,
+    // changed or voided); `record` is how it is stored now.
+    void entryWritten(int bankNum, int recordNumber, const TransRecord &record);
 
 private:
     QWidget *buildViewRow();
