@@ -11,12 +11,12 @@
 #include "ui/DateBox.h"
 #include "ui/Named.h"
 
-#include <QAction>
 #include <QComboBox>
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -74,15 +74,7 @@ BalancingPanel::BalancingPanel(Interaction &interaction, QWidget *parent)
         m_grid->setColumnWidth(c, widths[c]);
     header->setSectionResizeMode(StatementModel::Payee, QHeaderView::Stretch);
     connect(m_grid, &QTableView::clicked, this, &BalancingPanel::onCellClicked);
-    auto *space = new QAction(m_grid);
-    space->setShortcut(Qt::Key_Space);
-    space->setShortcutContext(Qt::WidgetShortcut);
-    m_grid->addAction(space);
-    connect(space, &QAction::triggered, this, [this] {
-        const QModelIndex current = m_grid->currentIndex();
-        if (current.isValid() && !m_model->showsPrior())
-            toggleRow(current.row());
-    });
+    m_grid->installEventFilter(this);
 
     m_ok = named(new QPushButton(tr("OK"), this), "cmdOKBankState");
     m_cancel = named(new QPushButton(tr("Cancel"), this), "cmdCancelBankState");
@@ -208,6 +200,18 @@ void BalancingPanel::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
     fill();
+}
+
+bool BalancingPanel::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_grid && event->type() == QEvent::KeyPress
+        && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Space) {
+        const QModelIndex current = m_grid->currentIndex();
+        if (current.isValid() && !m_model->showsPrior())
+            toggleRow(current.row());
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void BalancingPanel::fill()

@@ -65,6 +65,8 @@ Q_SIGNALS:
 
 protected:
     void showEvent(QShowEvent *event) override;
+    // Space on the list ticks the current row.
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     QWidget *buildFigures();

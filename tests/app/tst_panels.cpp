@@ -99,10 +99,14 @@ private Q_SLOTS:
         QVERIFY(!form->showPanel(QStringLiteral("Register")));
         QCOMPARE(form->shownPanel(), QStringLiteral("transfer"));
         QCOMPARE(form->panelIds(), (QStringList{"register", "transfer", "budget", "budgettransfer",
-                                                "accounts", "archive"}));
+                                                "balancing", "accounts", "archive"}));
         // The archive is never where a start opens.
         QVERIFY(form->showPanel(QStringLiteral("archive")));
         QCOMPARE(savedState(), (Values{1, 0, 3, 1}));
+        // The balancing panel is not remembered: the next start shows the work panel.
+        QVERIFY(form->showPanel(QStringLiteral("balancing")));
+        form = opened();
+        QCOMPARE(form->shownPanel(), QStringLiteral("transfer"));
     }
 };
 
