@@ -80,12 +80,9 @@ QString ScriptInteraction::askWindow(const QString &window, const QStringList &b
 std::optional<QString> ScriptInteraction::answerFor(const QString &window, const QString &text,
                                                     const QStringList &buttons)
 {
-    const auto answer = take(window, QStringLiteral("window %1").arg(window), buttons);
-    writeLine(QStringLiteral("ask %1 text=%2 buttons=%3 -> %4")
-                  .arg(window, ScriptLine::quote(text), buttons.join(QLatin1Char('/')),
-                       answer.value_or(QStringLiteral("(no answer)"))));
-    // Without a fitting answer the window is left as by its close button.
-    return answer.value_or(QString());
+    // The same transcript line and queue as any other modal question; without
+    // a fitting answer the window is left as by its close button.
+    return ask(window, text, buttons);
 }
 
 QString ScriptInteraction::iconName(Icon icon)
