@@ -507,6 +507,10 @@ void MainForm::setHelpShown(bool shown)
 
 bool MainForm::showPanel(const QString &id)
 {
+    // The calculator is no page of its own: it drops down from the register's
+    // amount box.
+    if (id == QLatin1String("calculator"))
+        return showPanel(QStringLiteral("register")) && m_register->openAmountCalculator();
     for (int page = 0; page < m_panels.size(); ++page) {
         if (m_panels[page].id == id) {
             showWorkPage(page);

@@ -511,6 +511,17 @@ QString ScriptControls::describe(const QWidget *w)
 QString ScriptControls::gridRows(const QWidget *w, const QString &name, QStringList *rows)
 {
     auto *table = qobject_cast<const QTableView *>(w);
+    if (auto *list = qobject_cast<const QAbstractItemView *>(w); list && !table && list->model()) {
+        // A list box reads like a grid of one column without a heading.
+        const QAbstractItemModel *model = list->model();
+        rows->append(QStringLiteral("0 \"\""));
+        for (int r = 0; r < model->rowCount(list->rootIndex()); ++r)
+            rows->append(
+                QString::number(r + 1) + QLatin1Char(' ')
+                + ScriptLine::quote(
+                    model->index(r, 0, list->rootIndex()).data(Qt::DisplayRole).toString()));
+        return QString();
+    }
     if (!table || !table->model())
         return QStringLiteral("%1 is not a grid").arg(name);
     const QAbstractItemModel *model = table->model();

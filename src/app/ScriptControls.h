@@ -33,6 +33,7 @@ public:
 
     // "text=... visible=. enabled=." and, where they apply, index= and checked=.
     static QString describe(const QWidget *w);
-    // The grid's rows, header first, each as its cells' texts in quotes.
+    // The grid's rows, header first, each as its cells' texts in quotes. A list
+    // box gives an empty heading row and then one row for each entry.
     static QString gridRows(const QWidget *w, const QString &name, QStringList *rows);
 };

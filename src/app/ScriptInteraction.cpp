@@ -219,6 +219,7 @@ void ScriptInteraction::print(const QString &job, const QStringList &lines)
 
 void ScriptInteraction::setClipboard(const QString &text)
 {
+    m_clipboard = text;
     writeLine(QStringLiteral("clipboard text=") + ScriptLine::quote(text));
 }
 

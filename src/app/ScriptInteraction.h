@@ -55,6 +55,8 @@ public:
     void beep() override;
     void print(const QString &job, const QStringList &lines) override;
     void setClipboard(const QString &text) override;
+    // The run has a clipboard of its own: what the program last put there.
+    QString clipboardText() override { return m_clipboard; }
     void openUrl(const QString &url) override;
     void windowEvent(const QString &name, bool shown) override;
     std::optional<QString> answerFor(const QString &window, const QString &text,
@@ -75,4 +77,5 @@ private:
     std::deque<QueuedAnswer> m_answers;
     QString m_fileFolder;
     std::optional<QString> m_fault;
+    QString m_clipboard;
 };

@@ -6,6 +6,7 @@
 #include "budget/BudgetItemDelegate.h"
 #include "budget/BudgetItemModel.h"
 #include "budget/BudgetListModel.h"
+#include "calculator/AmountCalculator.h"
 #include "core/Interaction.h"
 #include "ui/MoneyBox.h"
 #include "ui/ReturnKey.h"
@@ -117,6 +118,7 @@ QWidget *BudgetPanel::buildEditor()
     m_amount = new QLineEdit(box);
     m_amount->setObjectName(QStringLiteral("txtBudAmount"));
     fitLargestAmount(m_amount);
+    AmountCalculator::attach(m_amount, m_interaction);
     m_itemize = new QLabel(tr("Itemize for "), box);
     m_itemize->setObjectName(QStringLiteral("lblItemize"));
     m_itemGrid = new QTableView(box);

@@ -3,6 +3,7 @@
 #include "budget/BudgetBook.h"
 #include "budget/BudgetTransferModel.h"
 #include "budget/BudgetTransfers.h"
+#include "calculator/AmountCalculator.h"
 #include "core/Clock.h"
 #include "core/EntryChecks.h"
 #include "core/Interaction.h"
@@ -57,6 +58,7 @@ BudgetTransferPanel::BudgetTransferPanel(Interaction &interaction, QWidget *pare
     m_error->setStyleSheet(QStringLiteral("color: #c0392b;"));
     m_single->setChecked(true);
     setPeriodName(m_period);
+    AmountCalculator::attach(m_amount, m_interaction);
     auto *clear = named(new QPushButton(tr("Clear"), this), "cmdClear(1)");
 
     m_list->setModel(m_model);

@@ -55,6 +55,8 @@ public:
     // font: columns padded with blanks line up on paper.
     virtual void print(const QString &job, const QStringList &lines) = 0;
     virtual void setClipboard(const QString &text) = 0;
+    // What a paste would take: the text on the clipboard (none by default).
+    virtual QString clipboardText() { return QString(); }
     virtual void openUrl(const QString &url) = 0;
     // A secondary window (tip window, calculator, ...) was shown or closed.
     virtual void windowEvent(const QString &name, bool shown) = 0;

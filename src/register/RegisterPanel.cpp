@@ -2,6 +2,7 @@
 
 #include "accounts/AccountBook.h"
 #include "budget/BudgetBook.h"
+#include "calculator/AmountCalculator.h"
 #include "core/Clock.h"
 #include "core/EntryChecks.h"
 #include "core/Interaction.h"
@@ -121,6 +122,7 @@ RegisterPanel::RegisterPanel(Interaction &interaction, QWidget *parent)
     connect(e->voidButton, &QPushButton::clicked, this, &RegisterPanel::onVoid);
     connect(e->addPayee, &QPushButton::clicked, this, &RegisterPanel::onAddPayee);
     connect(e->deletePayee, &QPushButton::clicked, this, &RegisterPanel::onDeletePayee);
+    AmountCalculator::attach(e->amount, m_interaction);
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -331,6 +333,11 @@ EntryRules::Input RegisterPanel::input() const
 void RegisterPanel::showError(const QString &text)
 {
     ShowEntryError(m_entry->error, text, m_interaction);
+}
+
+bool RegisterPanel::openAmountCalculator()
+{
+    return AmountCalculator::open(m_entry->amount) != nullptr;
 }
 
 void RegisterPanel::showNotice(const QString &text)

@@ -45,6 +45,8 @@ public:
     // Loads record n into the entry row for change, as a click on its row
     // does; false when the register does not hold it.
     bool pickForChange(int recordNumber);
+    // Opens the calculator over the entry row's amount box, as its arrow does.
+    bool openAmountCalculator();
 
     QTableView *grid() const { return m_grid; }
     RegisterModel *model() const { return m_model; }

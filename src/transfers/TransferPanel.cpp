@@ -1,6 +1,7 @@
 #include "transfers/TransferPanel.h"
 
 #include "accounts/AccountBook.h"
+#include "calculator/AmountCalculator.h"
 #include "core/Clock.h"
 #include "core/EntryChecks.h"
 #include "core/Interaction.h"
@@ -68,6 +69,7 @@ TransferPanel::TransferPanel(Interaction &interaction, QWidget *parent)
     connect(m_from, &QComboBox::activated, this, &TransferPanel::onFromChosen);
     connect(m_to, &QComboBox::activated, this, &TransferPanel::rebuildDescription);
     connect(m_amount, &QLineEdit::textEdited, this, &TransferPanel::rebuildDescription);
+    AmountCalculator::attach(m_amount, m_interaction);
     connect(m_type, &QComboBox::activated, this, &TransferPanel::onTypeChosen);
     connect(m_enter, &QPushButton::clicked, this, &TransferPanel::onEnter);
     connect(clear, &QPushButton::clicked, this, &TransferPanel::onClear);

@@ -111,6 +111,11 @@ void DesktopInteraction::setClipboard(const QString &text)
     QApplication::clipboard()->setText(text);
 }
 
+QString DesktopInteraction::clipboardText()
+{
+    return QApplication::clipboard()->text();
+}
+
 void DesktopInteraction::openUrl(const QString &url)
 {
     QDesktopServices::openUrl(QUrl(url));

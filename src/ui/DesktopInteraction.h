@@ -21,6 +21,7 @@ public:
     void beep() override;
     void print(const QString &job, const QStringList &lines) override;
     void setClipboard(const QString &text) override;
+    QString clipboardText() override;
     void openUrl(const QString &url) override;
     // Nothing to tell on the desktop: the user sees the window.
     void windowEvent(const QString &, bool) override {}

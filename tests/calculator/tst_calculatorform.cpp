@@ -1,0 +1,328 @@
+#include "calculator/AmountCalculator.h"
+#include "calculator/CalculatorForm.h"
+#include "core/Interaction.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalSpy>
+#include <QtTest>
+
+namespace {
+
+// Keeps what the calculator says and does instead of showing it.
+class RecordingInteraction : public Interaction
+{
+public:
+    Answer messageBox(const QString &text, const QString &title, Icon icon, Buttons) override
+    {
+        events << QStringLiteral("msgbox %1|%2|%3").arg(title, text).arg(int(icon));
+        return Answer::OK;
+    }
+    int fund(const QString &, const QString &) override { return 1; }
+    void beep() override { events << QStringLiteral("beep"); }
+    void print(const QString &job, const QStringList &lines) override
+    {
+        events << QStringLiteral("print ") + job;
+        printed = lines;
+    }
+    void setClipboard(const QString &text) override { clipboard = text; }
+    QString clipboardText() override { return clipboard; }
+    void openUrl(const QString &) override {}
+    void windowEvent(const QString &name, bool shown) override
+    {
+        events << QStringLiteral("window %1 %2").arg(name, shown ? "shown" : "closed");
+    }
+
+    QStringList events;
+    QStringList printed;
+    QString clipboard;
+};
+
+} // namespace
+
+class CalculatorFormTest : public QObject
+{
+    Q_OBJECT
+
+    RecordingInteraction m_seam;
+
+    template<typename W> static W *control(QWidget *form, const char *name)
+    {
+        W *w = form->findChild<W *>(QString::fromLatin1(name));
+        if (!w)
+            qFatal("no control %s", name);
+        return w;
+    }
+    static void click(QWidget *form, const char *name)
+    {
+        control<QPushButton>(form, name)->click();
+    }
+    static QString result(QWidget *form) { return control<QLabel>(form, "lblResult")->text(); }
+    static QString message(QWidget *form)
+    {
+        return control<QLabel>(form, "lblCalcMessage")->text();
+    }
+
+private Q_SLOTS:
+    void init() { m_seam = RecordingInteraction(); }
+
+    void controlsCarryTheirNames()
+    {
+        CalculatorForm form(m_seam);
+        QStringList names{"lblResult",   "lblMemory",    "lstTape",        "lblCalcMessage",
+                          "cmdDecimal",  "cmdPercent",   "cmd1OverX",      "cmdSqrt",
+                          "cmdNegitive", "cmdBackspace", "cmdCancelEntry", "cmdCancel",
+                          "cmdClear",    "cmdPrint",     "cmdSave",        "cmdClose"};
+        for (int i = 0; i <= 9; ++i)
+            names << QStringLiteral("cmdNumber(%1)").arg(i);
+        for (int i = 0; i <= 4; ++i)
+            names << QStringLiteral("cmdOperator(%1)").arg(i)
+                  << QStringLiteral("optDecPlace(%1)").arg(i);
+        for (int i = 0; i <= 3; ++i)
+            names << QStringLiteral("cmdMemory(%1)").arg(i);
+        for (const QString &name : names)
+            QVERIFY2(form.findChild<QWidget *>(name), qPrintable(name));
+        const QStringList operators{"/", "+", "x", "-", "="};
+        for (int i = 0; i <= 4; ++i)
+            QCOMPARE(
+                control<QPushButton>(&form, qPrintable(QStringLiteral("cmdOperator(%1)").arg(i)))
+                    ->text(),
+                operators[i]);
+        QCOMPARE(control<QPushButton>(&form, "cmdSave")->text(), QStringLiteral("OK"));
+        QCOMPARE(control<QPushButton>(&form, "cmdCancelEntry")->text(), QStringLiteral("CE"));
+        QVERIFY(control<QRadioButton>(&form, "optDecPlace(2)")->isChecked());
+        QCOMPARE(result(&form), QStringLiteral("0.00"));
+    }
+
+    void buttonsAndTape()
+    {
+        CalculatorForm form(m_seam);
+        for (const char *name : {"cmdNumber(2)", "cmdOperator(1)", "cmdNumber(3)", "cmdOperator(2)",
+                                 "cmdNumber(4)", "cmdOperator(4)"})
+            click(&form, name);
+        QCOMPARE(result(&form), QStringLiteral("20.00"));
+        auto *tape = control<QListWidget>(&form, "lstTape");
+        QCOMPARE(tape->count(), 4);
+        QCOMPARE(tape->item(3)->text().trimmed(), QStringLiteral("20.00 *"));
+        // A replaced operator rewrites its tape line rather than adding one.
+        click(&form, "cmdOperator(1)");
+        click(&form, "cmdOperator(3)");
+        QCOMPARE(tape->count(), 5);
+        QCOMPARE(tape->item(4)->text().trimmed(), QStringLiteral("20.00 -"));
+        click(&form, "cmdClear");
+        QCOMPARE(tape->count(), 0);
+        QCOMPARE(result(&form), QStringLiteral("0.00"));
+    }
+
+    void divideByZeroIsReported()
+    {
+        CalculatorForm form(m_seam);
+        for (const char *name :
+             {"cmdNumber(8)", "cmdOperator(0)", "cmdNumber(0)", "cmdOperator(4)"})
+            click(&form, name);
+        QCOMPARE(m_seam.events,
+                 QStringList{QStringLiteral("msgbox Calculator|Divide by zero Error|%1")
+                                 .arg(int(Interaction::Icon::Exclamation))});
+        QCOMPARE(result(&form), QStringLiteral("0"));
+        // 1/x of zero is silently not computed; only a beep says the key did nothing.
+        click(&form, "cmd1OverX");
+        QCOMPARE(m_seam.events.last(), QStringLiteral("beep"));
+        QCOMPARE(result(&form), QStringLiteral("0"));
+    }
+
+    void memoryIndicator()
+    {
+        CalculatorForm form(m_seam);
+        auto *indicator = control<QLabel>(&form, "lblMemory");
+        QVERIFY(!indicator->isVisibleTo(&form));
+        click(&form, "cmdNumber(5)");
+        click(&form, "cmdMemory(0)");
+        QVERIFY(indicator->isVisibleTo(&form));
+        click(&form, "cmdMemory(1)");
+        QVERIFY(!indicator->isVisibleTo(&form));
+        click(&form, "cmdNumber(7)");
+        click(&form, "cmdMemory(1)");
+        QVERIFY(indicator->isVisibleTo(&form));
+        click(&form, "cmdCancel");
+        click(&form, "cmdMemory(2)");
+        QCOMPARE(result(&form), QStringLiteral("-7.00"));
+        control<QRadioButton>(&form, "optDecPlace(4)")->click();
+        QCOMPARE(result(&form), QStringLiteral("-7.0000"));
+        control<QRadioButton>(&form, "optDecPlace(0)")->click();
+        click(&form, "cmdMemory(2)");
+        QCOMPARE(result(&form), QStringLiteral("-7."));
+        click(&form, "cmdMemory(3)");
+        QVERIFY(!indicator->isVisibleTo(&form));
+    }
+
+    void keyboard_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("display");
+        QTest::newRow("operators as typed") << "2+3*4="
+                                            << "20.00";
+        QTest::newRow("x multiplies") << "6x7="
+                                      << "42.00";
+        QTest::newRow("minus and divide") << "9-1/4="
+                                          << "2.00";
+        QTest::newRow("percent") << "200+10%"
+                                 << "220.00";
+        QTest::newRow("decimal point") << "1.25+1="
+                                       << "2.25";
+    }
+    void keyboard()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QString, display);
+        CalculatorForm form(m_seam);
+        form.show();
+        QTest::keyClicks(&form, typed);
+        QCOMPARE(result(&form), display);
+    }
+
+    void namedKeys()
+    {
+        CalculatorForm form(m_seam);
+        form.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&form));
+        QTest::keyClicks(&form, "12.5");
+        QTest::keyClick(&form, Qt::Key_Backspace);
+        QCOMPARE(result(&form), QStringLiteral("12."));
+        QTest::keyClick(&form, Qt::Key_Plus);
+        QTest::keyClicks(&form, "99");
+        QTest::keyClick(&form, Qt::Key_Delete);
+        QCOMPARE(result(&form), QStringLiteral("0.00"));
+        QTest::keyClicks(&form, "3");
+        QTest::keyClick(&form, Qt::Key_Return);
+        QCOMPARE(result(&form), QStringLiteral("15.00"));
+
+        QTest::keyClick(&form, Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(m_seam.clipboard, QStringLiteral("15.00"));
+        m_seam.clipboard = QStringLiteral("$1,000.10");
+        QTest::keyClick(&form, Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(result(&form), QStringLiteral("1000.10"));
+
+        QSignalSpy saved(&form, &CalculatorForm::valueSaved);
+        QTest::keyClick(&form, Qt::Key_Escape);
+        QVERIFY(!form.isVisible());
+        QCOMPARE(saved.count(), 0);
+        QCOMPARE(m_seam.events, (QStringList{QStringLiteral("window CalculatorForm shown"),
+                                             QStringLiteral("window CalculatorForm closed")}));
+    }
+
+    void startValueRoundTrip()
+    {
+        CalculatorForm form(m_seam);
+        form.show();
+        form.SetStartValue(12.5);
+        QCOMPARE(result(&form), QStringLiteral("12.50"));
+        QSignalSpy saved(&form, &CalculatorForm::valueSaved);
+        click(&form, "cmdSave");
+        QCOMPARE(saved.count(), 1);
+        QCOMPARE(saved.at(0).at(0).toString(), QStringLiteral("12.50"));
+        QVERIFY(!form.isVisible());
+    }
+
+    void refusedHandBack_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<bool>("negativesAllowed");
+        QTest::addColumn<QString>("shown");
+        QTest::addColumn<QString>("handedBack"); // empty: refused
+        QTest::newRow("negative") << "5-8=" << false
+                                  << "                 Cannot enter a negative number"
+                                  << "";
+        QTest::newRow("negative where allowed") << "5-8=" << true << ""
+                                                << "-3.00";
+        QTest::newRow("too large")
+            << "9000000*10000=" << false << "          Maximum Number 90,000,000,000"
+            << "";
+        QTest::newRow("just below") << "89999999999.99" << false << ""
+                                    << "89999999999.99";
+    }
+    void refusedHandBack()
+    {
+        QFETCH(QString, typed);
+        QFETCH(bool, negativesAllowed);
+        QFETCH(QString, shown);
+        QFETCH(QString, handedBack);
+        CalculatorForm form(m_seam);
+        form.setNegativesAllowed(negativesAllowed);
+        form.show();
+        QSignalSpy saved(&form, &CalculatorForm::valueSaved);
+        QTest::keyClicks(&form, typed);
+        click(&form, "cmdSave");
+        QCOMPARE(message(&form), shown);
+        QCOMPARE(saved.count(), handedBack.isEmpty() ? 0 : 1);
+        QCOMPARE(form.isVisible(), handedBack.isEmpty());
+        if (!handedBack.isEmpty()) {
+            QCOMPARE(saved.at(0).at(0).toString(), handedBack);
+            return;
+        }
+        // The next key clears the message; a figure the box takes goes back.
+        QTest::keyClicks(&form, "7");
+        QCOMPARE(message(&form), QString());
+        click(&form, "cmdSave");
+        QCOMPARE(saved.count(), 1);
+        QCOMPARE(saved.at(0).at(0).toString(), QStringLiteral("7.00"));
+    }
+
+    void printsTheTape()
+    {
+        CalculatorForm form(m_seam);
+        click(&form, "cmdPrint"); // nothing on the tape yet
+        QCOMPARE(m_seam.events, QStringList{QStringLiteral("beep")});
+        QTest::keyClicks(&form, "2+2=");
+        click(&form, "cmdPrint");
+        QCOMPARE(m_seam.events.last(), QStringLiteral("print Calculator Tape"));
+        QCOMPARE(m_seam.printed.mid(3), form.engine().tape());
+        QVERIFY(m_seam.printed.first().startsWith(QStringLiteral("Calculator Tape (")));
+    }
+
+    void amountBoxDropDown()
+    {
+        QWidget window;
+        auto *box = new QLineEdit(&window);
+        box->setText(QStringLiteral("$1,250.40"));
+        AmountCalculator::attach(box, m_seam);
+        window.show();
+        QSignalSpy edited(box, &QLineEdit::textEdited);
+
+        CalculatorForm *form = AmountCalculator::open(box);
+        QVERIFY(form);
+        QCOMPARE(result(form), QStringLiteral("1250.40"));
+        QTest::keyClicks(form, "+9.6=");
+        click(form, "cmdSave");
+        QCOMPARE(box->text(), QStringLiteral("1260.00"));
+        QCOMPARE(edited.count(), 1);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!window.findChild<CalculatorForm *>());
+
+        // A negative figure stays in the calculator; Close leaves the box alone.
+        QTest::keyClick(box, Qt::Key_F4);
+        form = window.findChild<CalculatorForm *>();
+        QVERIFY(form && form->isVisible());
+        QTest::keyClicks(form, "-2000=");
+        click(form, "cmdSave");
+        QCOMPARE(message(form), CalculatorEngine::NegativeText);
+        click(form, "cmdClose");
+        QCOMPARE(box->text(), QStringLiteral("1260.00"));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
+        // A box the user cannot reach opens nothing; text that is not a figure starts at 0.
+        box->setEnabled(false);
+        QVERIFY(!AmountCalculator::open(box));
+        box->setEnabled(true);
+        box->setText(QStringLiteral("abc"));
+        form = AmountCalculator::open(box);
+        QVERIFY(form);
+        QCOMPARE(result(form), QStringLiteral("0.00"));
+        form->close();
+    }
+};
+
+QTEST_MAIN(CalculatorFormTest)
+#include "tst_calculatorform.moc"
