@@ -3,9 +3,9 @@
 #include "core/Clock.h"
 #include "core/EntryChecks.h"
 #include "core/Interaction.h"
+#include "ui/WindowReport.h"
 
 #include <QButtonGroup>
-#include <QCloseEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -51,6 +51,7 @@ CalculatorForm::CalculatorForm(Interaction &interaction, QWidget *parent)
     setAttribute(Qt::WA_StyledBackground);
     setStyleSheet(QString::fromLatin1(Style));
     setFocusPolicy(Qt::StrongFocus);
+    WindowReport::watch(this, m_interaction);
 
     m_result = new QLabel(this);
     m_result->setObjectName(QStringLiteral("lblResult"));
@@ -389,17 +390,4 @@ void CalculatorForm::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
     setFocus(Qt::ActiveWindowFocusReason);
-    if (!m_shownReported) {
-        m_shownReported = true;
-        m_interaction.windowEvent(objectName(), true);
-    }
-}
-
-void CalculatorForm::closeEvent(QCloseEvent *event)
-{
-    QWidget::closeEvent(event);
-    if (m_shownReported) {
-        m_shownReported = false;
-        m_interaction.windowEvent(objectName(), false);
-    }
 }

@@ -37,7 +37,6 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void showEvent(QShowEvent *event) override;
-    void closeEvent(QCloseEvent *event) override;
 
 private:
     QWidget *buildKeypad();
@@ -53,7 +52,6 @@ private:
     Interaction &m_interaction;
     CalculatorEngine m_engine;
     bool m_negativesAllowed = false;
-    bool m_shownReported = false;
 
     QLabel *m_result = nullptr;
     QLabel *m_memory = nullptr;

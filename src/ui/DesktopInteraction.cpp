@@ -11,6 +11,7 @@
 #include <QMessageBox>
 #include <QPainter>
 #include <QPrinter>
+#include <QPrinterInfo>
 #include <QTextDocument>
 #include <QUrl>
 
@@ -97,6 +98,11 @@ void DesktopInteraction::beep()
 
 void DesktopInteraction::print(const QString &job, const QStringList &lines)
 {
+    if (QPrinterInfo::defaultPrinter().isNull()) {
+        message(QStringLiteral("No Printer Installed"), QApplication::applicationDisplayName(),
+                Icon::Exclamation);
+        return;
+    }
     QPrinter printer;
     printer.setDocName(job);
     QTextDocument doc;
