@@ -35,6 +35,14 @@ DropDownButton::DropDownButton(QLineEdit *box, const QString &toolTip, Opener op
 {
     setObjectName(QStringLiteral("dropDown"));
     m_arrow = box->addAction(arrowIcon(box), QLineEdit::TrailingPosition);
+    // The arrow takes its room from the text: a box sized for its widest
+    // figure grows by the arrow's width so that the figure still fits.
+    const int room = box->style()->pixelMetric(QStyle::PM_LineEditIconSize, nullptr, box) + 6
+                     + box->style()->pixelMetric(QStyle::PM_LineEditIconMargin, nullptr, box);
+    if (box->minimumWidth() > 0)
+        box->setMinimumWidth(box->minimumWidth() + room);
+    if (box->maximumWidth() < QWIDGETSIZE_MAX)
+        box->setMaximumWidth(box->maximumWidth() + room);
     m_arrow->setToolTip(toolTip);
     connect(m_arrow, &QAction::triggered, this, [this] { drop(); });
     box->installEventFilter(this);
