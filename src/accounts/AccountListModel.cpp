@@ -10,6 +10,24 @@ void AccountListModel::setSummary(AccountSummary summary)
     endResetModel();
 }
 
+void AccountListModel::updateSummary(AccountSummary summary)
+{
+    const auto &was = m_summary.rows;
+    const auto &now = summary.rows;
+    const bool sameRows
+        = summary.gridRows == m_summary.gridRows && now.size() == was.size()
+          && std::equal(now.begin(), now.end(), was.begin(),
+                        [](const AccountSummary::Row &a, const AccountSummary::Row &b) {
+                            return a.bankNum == b.bankNum && a.heading == b.heading;
+                        });
+    if (!sameRows || now.empty()) {
+        setSummary(std::move(summary));
+        return;
+    }
+    m_summary = std::move(summary);
+    Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
 int AccountListModel::bankNumAt(int row) const
 {
     return row >= 0 && row < int(m_summary.rows.size()) ? m_summary.rows[row].bankNum : 0;

@@ -12,6 +12,9 @@ public:
     using QAbstractTableModel::QAbstractTableModel;
 
     void setSummary(AccountSummary summary);
+    // The same when only figures and names may have changed: a list of the
+    // same rows is updated in place (selection and scrolling stay).
+    void updateSummary(AccountSummary summary);
     const AccountSummary &summary() const { return m_summary; }
     // The account number shown on a row (0 for headings and blank rows).
     int bankNumAt(int row) const;

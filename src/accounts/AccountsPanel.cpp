@@ -145,14 +145,30 @@ void AccountsPanel::showAccounts(const std::optional<std::vector<BankAcctRecord>
             QStringLiteral("Quillmere"), Interaction::Icon::Critical);
         return;
     }
-    m_model->setSummary(AccountSummary::build(*accounts));
+    m_shown = *accounts;
+    m_model->setSummary(AccountSummary::build(m_shown));
+    showTotals();
+    setCurrentAccount(m_current);
+}
+
+void AccountsPanel::updateAccounts(const std::vector<BankAcctRecord> &changed)
+{
+    for (const BankAcctRecord &a : changed)
+        if (a.BankNum >= 1 && a.BankNum <= int(m_shown.size()))
+            m_shown[std::size_t(a.BankNum - 1)] = a;
+    m_model->updateSummary(AccountSummary::build(m_shown));
+    showTotals();
+    setCurrentAccount(m_current);
+}
+
+void AccountsPanel::showTotals()
+{
     const AccountSummary &s = m_model->summary();
     m_bankTotal->setText(s.bankTotal.toCurrencyText());
     m_ccTotal->setText(s.creditCardTotal.toCurrencyText());
     m_ccCaption->setText(s.creditCardCaption());
     m_netTotal->setText(s.netTotal().toCurrencyText());
     fitFigures();
-    setCurrentAccount(m_current);
 }
 
 void AccountsPanel::fitFigures()

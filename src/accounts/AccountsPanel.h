@@ -24,6 +24,9 @@ public:
     void ShowAcctsForm();
     // The same from an account list already read.
     void showAccounts(const std::optional<std::vector<BankAcctRecord>> &accounts);
+    // Accounts an operation changed, as stored now: their rows and the totals
+    // follow in place, nothing is read.
+    void updateAccounts(const std::vector<BankAcctRecord> &changed);
     // Marks the current account's row (0: none).
     void setCurrentAccount(int bankNum);
     QTableView *grid() const { return m_grid; }
@@ -38,6 +41,8 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void showTotals();
+
     // Keeps every figure whole: the totals and the list's balance column.
     void fitFigures();
     // The next account's row from the highlighted one, in a direction (-1 up,
@@ -47,6 +52,7 @@ private:
     Interaction &m_interaction;
     DataFiles m_files;
     int m_current = 0;
+    std::vector<BankAcctRecord> m_shown; // the account list as last shown
 
     AccountListModel *m_model;
     QTableView *m_grid;

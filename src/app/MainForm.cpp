@@ -199,9 +199,11 @@ QWidget *MainForm::buildWorkArea()
               {0, 2},
               [this](const DataSnapshot &d) { m_budget->setDataFiles(d); },
               [this](const DataChange &c, const DataSnapshot &d) {
+                  if (c.inPlace)
+                      m_budget->updateFigures(c.categories, c.accounts);
                   // Disposable cash follows the bank accounts.
-                  if (c.parts
-                      & (DataChange::Accounts | DataChange::Budget | DataChange::Categories))
+                  else if (c.parts
+                           & (DataChange::Accounts | DataChange::Budget | DataChange::Categories))
                       m_budget->showBudget(d);
               },
               {}},
@@ -322,12 +324,6 @@ void MainForm::addPanel(Panel panel)
 // What each panel's operations change, as one dataChanged signal.
 void MainForm::reportChanges()
 {
-    connect(m_register, &RegisterPanel::balancesChanged, this, [this](int bankNum) {
-        Q_EMIT dataChanged({DataChange::Accounts | DataChange::Budget | DataChange::Registers,
-                            {bankNum},
-                            0,
-                            m_register});
-    });
     connect(m_transfers, &TransferPanel::transferred, this, [this](int from, int to) {
         Q_EMIT dataChanged({DataChange::Accounts | DataChange::Budget | DataChange::Registers,
                             {from, to},
@@ -351,6 +347,25 @@ void MainForm::reportChanges()
 
 void MainForm::applyChange(const DataChange &change)
 {
+    // An operation that names every record it changed is followed in place:
+    // nothing is read again.
+    if (change.inPlace && !change.has(DataChange::Categories)) {
+        for (const BankAcctRecord &a : change.accounts)
+            if (a.BankNum == m_current.BankNum)
+                m_current = a;
+        m_accounts->updateAccounts(change.accounts);
+        DataSnapshot unread;
+        unread.files = m_files;
+        for (const Panel &panel : m_panels)
+            if (panel.refresh && panel.widget != change.source)
+                panel.refresh(change, unread);
+        if (change.makeCurrent != 0
+            || (change.has(DataChange::Registers) && change.source != m_register))
+            setCurrentAccount(change.makeCurrent != 0 ? change.makeCurrent : m_current.BankNum);
+        return;
+    }
+    DataChange full = change;
+    full.inPlace = false;
     const DataSnapshot data = readSnapshot();
     if (change.has(DataChange::Accounts)) {
         if (m_current.BankNum != 0)
@@ -359,7 +374,7 @@ void MainForm::applyChange(const DataChange &change)
     }
     for (const Panel &panel : m_panels)
         if (panel.refresh && panel.widget != change.source)
-            panel.refresh(change, data);
+            panel.refresh(full, data);
     // The register on screen was written by another panel: it is read again.
     if (change.makeCurrent != 0)
         setCurrentAccount(change.makeCurrent, data);

@@ -16,6 +16,28 @@ void BudgetListModel::setCategories(std::vector<BudgetRecord> categories)
     endResetModel();
 }
 
+void BudgetListModel::updateCategories(const std::vector<BudgetRecord> &changed)
+{
+    for (const BudgetRecord &c : changed) {
+        for (std::size_t i = 0; i < m_categories.size(); ++i) {
+            BudgetRecord &shown = m_categories[i];
+            if (shown.BudNum != c.BudNum || c.isDeleted() || c.BudName.isBlank())
+                continue;
+            if (shown.ItemCount != c.ItemCount) {
+                // Its item rows would change: the list is built again.
+                std::vector<BudgetRecord> all = m_categories;
+                all[i] = c;
+                setCategories(std::move(all));
+                return;
+            }
+            shown = c;
+            for (int row = 0; row < int(m_rows.size()); ++row)
+                if (m_rows[std::size_t(row)].category == int(i))
+                    Q_EMIT dataChanged(index(row, 0), index(row, ColumnCount - 1));
+        }
+    }
+}
+
 void BudgetListModel::rebuildRows()
 {
     m_rows.clear();

@@ -19,6 +19,8 @@ public:
     static constexpr int ColumnCount = 8;
 
     void setCategories(std::vector<BudgetRecord> categories);
+    // Categories whose figures changed, as stored now: their rows follow in place.
+    void updateCategories(const std::vector<BudgetRecord> &changed);
     // Shows or hides the sub-categories of the category on a row.
     void toggle(int row);
     // The category number of a row (category rows and their item rows), 0 for none.

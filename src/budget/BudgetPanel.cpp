@@ -215,8 +215,27 @@ void BudgetPanel::showBudget(const DataSnapshot &data)
     m_category->setCurrentIndex(m_category->findText(typed));
     m_category->setEditText(typed);
     m_model->setCategories(all);
+    m_shown = data;
+    showTotals();
+}
 
-    const BudgetBook::Totals t = BudgetBook::totals(all, data.accountList());
+void BudgetPanel::updateFigures(const std::vector<BudgetRecord> &categories,
+                                const std::vector<BankAcctRecord> &accounts)
+{
+    for (const BudgetRecord &c : categories)
+        if (c.BudNum >= 1 && c.BudNum <= int(m_shown.budget.size()))
+            m_shown.budget[std::size_t(c.BudNum - 1)] = c;
+    if (m_shown.accounts)
+        for (const BankAcctRecord &a : accounts)
+            if (a.BankNum >= 1 && a.BankNum <= int(m_shown.accounts->size()))
+                (*m_shown.accounts)[std::size_t(a.BankNum - 1)] = a;
+    m_model->updateCategories(categories);
+    showTotals();
+}
+
+void BudgetPanel::showTotals()
+{
+    const BudgetBook::Totals t = BudgetBook::totals(m_shown.budget, m_shown.accountList());
     m_monthly->setText(QStringLiteral("Monthly Budget ") + t.monthly.toCurrencyText());
     m_balance->setText(t.balance.toCurrencyText());
     m_disposable->setText(t.disposable().toCurrencyText());

@@ -30,6 +30,10 @@ public:
     void refreshBudgetList();
     // The same from categories and accounts already read.
     void showBudget(const DataSnapshot &data);
+    // Categories and accounts an operation changed, as stored now: their rows
+    // and the totals follow in place, nothing is read.
+    void updateFigures(const std::vector<BudgetRecord> &categories,
+                       const std::vector<BankAcctRecord> &accounts);
     // While set (by a panel that owns the entry row), saving beeps and does nothing.
     void setEditLock(bool locked) { m_editLock = locked; }
 
@@ -53,11 +57,13 @@ private:
     void onItemCellClicked(const QModelIndex &index);
     void onCopy();
     void showMessage(const QString &text);
+    void showTotals();
 
     Interaction &m_interaction;
     DataFiles m_files;
     bool m_editLock = false;
-    int m_loaded = 0; // the category picked for the editor
+    int m_loaded = 0;     // the category picked for the editor
+    DataSnapshot m_shown; // the categories and accounts as last shown
 
     BudgetListModel *m_model;
     QTableView *m_grid;

@@ -37,6 +37,22 @@ bool chargesCategory(const TransRecord &r)
 
 namespace BudgetPosting {
 
+QList<int> categories(const TransRecord *before, const TransRecord *after)
+{
+    QList<int> moved;
+    for (const TransRecord *r : {before, after}) {
+        if (!r)
+            continue;
+        if (chargesCategory(*r) && r->BudNum != 0 && !moved.contains(r->BudNum))
+            moved << r->BudNum;
+        if ((r->TransClass.is(TransactionClasses::CCTrans)
+             || r->TransClass.is(TransactionClasses::PayBank))
+            && r->CCBudNum != 0 && !moved.contains(r->CCBudNum))
+            moved << r->CCBudNum;
+    }
+    return moved;
+}
+
 void post(UnitOfWork &unit, const DataFiles &files, const TransRecord *before,
           const TransRecord *after)
 {

@@ -3,6 +3,8 @@
 #include "records/DataFiles.h"
 #include "records/TransRecord.h"
 
+#include <QList>
+
 class UnitOfWork;
 
 // How transactions move category balances. Every operation that writes,
@@ -20,5 +22,8 @@ namespace BudgetPosting {
 // (null when the transaction is voided).
 void post(UnitOfWork &unit, const DataFiles &files, const TransRecord *before,
           const TransRecord *after);
+
+// The categories post() may move for the same two records.
+QList<int> categories(const TransRecord *before, const TransRecord *after);
 
 } // namespace BudgetPosting

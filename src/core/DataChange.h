@@ -1,7 +1,12 @@
 #pragma once
 
+#include "records/BankAcctRecord.h"
+#include "records/BudgetRecord.h"
+
 #include <QList>
 #include <QMetaType>
+
+#include <vector>
 
 class QObject;
 
@@ -21,6 +26,14 @@ struct DataChange
     QList<int> registers;            // bank numbers of the registers written
     int makeCurrent = 0;             // an account to make current afterwards (0: keep)
     const QObject *source = nullptr; // the panel that did it
+
+    // Set when `accounts` and `categories` hold every account and category
+    // record the operation changed, as stored now: the views update those in
+    // place and nothing is read again. (A change of the list of categories is
+    // always read again.)
+    bool inPlace = false;
+    std::vector<BankAcctRecord> accounts;
+    std::vector<BudgetRecord> categories;
 
     bool has(Part part) const { return (parts & part) != 0; }
 };

@@ -3,6 +3,7 @@
 #include "accounts/AccountBook.h"
 #include "budget/BudgetBook.h"
 #include "budget/BudgetCheck.h"
+#include "budget/BudgetPosting.h"
 #include "records/AccountKinds.h"
 #include "records/BudgetRecord.h"
 #include "records/RecordFile.h"
@@ -144,6 +145,7 @@ RegisterEntry::Outcome RegisterEntry::store(const ParsedEntry &request,
     const TransRecord &loaded = request.loaded;
     const bool change = request.isChange();
     const bool payment = !AccountKinds::isCard(m_account.Type.text()) && in.card;
+    QList<int> moved; // categories moved besides those of the records as stored
     const int bankNum = m_account.BankNum;
     Outcome out;
     out.recordNumber = request.recordNumber;
@@ -154,6 +156,7 @@ RegisterEntry::Outcome RegisterEntry::store(const ParsedEntry &request,
     } else if (change && LinkedRecords::isTransfer(loaded)) {
         out.text = TransferElsewhere;
     } else if (change && loaded.TransClass.is(TransactionClasses::PayCard)) {
+        moved << cardBudNum();
         const auto r = CardPayments(m_files).changeFromCard(bankNum, request.recordNumber,
                                                             in.amount, in.date, in.payee, in.memo);
         out.text = r.error;
@@ -191,6 +194,15 @@ RegisterEntry::Outcome RegisterEntry::store(const ParsedEntry &request,
     out.result = Outcome::Result::Written;
     out.record = RecordFile<TransRecord>(m_files.registerFile(m_account.BankName.text()))
                      .read(out.recordNumber);
-    out.account = AccountBook(m_files).read(bankNum);
+    const AccountBook accounts(m_files);
+    out.account = accounts.read(bankNum);
+    if (out.otherBankNum != 0)
+        out.otherAccount = accounts.read(out.otherBankNum);
+    for (const int n : BudgetPosting::categories(change ? &loaded : nullptr, &out.record))
+        if (!moved.contains(n))
+            moved << n;
+    const BudgetBook budget(m_files);
+    for (const int n : moved)
+        out.categories.push_back(budget.read(n));
     return out;
 }

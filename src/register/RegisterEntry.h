@@ -2,6 +2,7 @@
 
 #include "core/Interaction.h"
 #include "records/BankAcctRecord.h"
+#include "records/BudgetRecord.h"
 #include "records/Currency.h"
 #include "records/DataFiles.h"
 #include "records/TransRecord.h"
@@ -11,6 +12,7 @@
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 // Where an entry goes: a new entry, or a change of a register row that was
 // loaded, and the card chosen for a payment.
@@ -93,12 +95,14 @@ public:
         bool registerMissing = false;
 
         // Written: what changed, for the views to refresh.
-        int recordNumber = 0;       // the entry's record in this register
-        TransRecord record;         // that record as stored
-        bool appended = false;      // a new record after the last one
-        int otherBankNum = 0;       // a card payment: the card's register changed too
-        bool paymentNotice = false; // the payment-type notice was given
-        BankAcctRecord account;     // the account as stored now
+        int recordNumber = 0;                 // the entry's record in this register
+        TransRecord record;                   // that record as stored
+        bool appended = false;                // a new record after the last one
+        int otherBankNum = 0;                 // a card payment: the card's register changed too
+        bool paymentNotice = false;           // the payment-type notice was given
+        BankAcctRecord account;               // the account as stored now
+        BankAcctRecord otherAccount;          // a card payment: the card as stored now
+        std::vector<BudgetRecord> categories; // the categories the entry moved, as stored now
 
         bool written() const { return result == Result::Written; }
     };

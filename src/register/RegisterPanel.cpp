@@ -2,6 +2,7 @@
 
 #include "accounts/AccountBook.h"
 #include "budget/BudgetBook.h"
+#include "budget/BudgetPosting.h"
 #include "calculator/AmountCalculator.h"
 #include "core/Clock.h"
 #include "core/EntryChecks.h"
@@ -427,7 +428,18 @@ void RegisterPanel::enterTransaction()
         break;
     }
     m_account = outcome.account;
-    Q_EMIT balancesChanged(m_account.BankNum);
+    DataChange change{DataChange::Accounts | DataChange::Budget | DataChange::Registers,
+                      {m_account.BankNum},
+                      0,
+                      this};
+    change.inPlace = true;
+    change.accounts.push_back(outcome.account);
+    if (outcome.otherBankNum != 0) {
+        change.registers << outcome.otherBankNum;
+        change.accounts.push_back(outcome.otherAccount);
+    }
+    change.categories = outcome.categories;
+    Q_EMIT dataChanged(change);
     // Only the entry's row (and the balances after it) changes: the register
     // is read again only when that cannot be done safely.
     if (!refreshEntered(outcome, request.loaded))
@@ -681,7 +693,8 @@ void RegisterPanel::onVoid()
     if (answer != Interaction::Answer::Yes)
         return;
     QString error;
-    if (LinkedRecords::isLinked(m_loaded))
+    const bool linked = LinkedRecords::isLinked(m_loaded);
+    if (linked)
         error = LinkedVoid::voidLinked(m_files, m_account.BankNum, m_recordNumber).error;
     else
         error = RegisterService(m_files).voidRecord(m_account.BankNum, m_recordNumber).error;
@@ -691,7 +704,20 @@ void RegisterPanel::onVoid()
     }
     const int voided = m_recordNumber;
     m_account = AccountBook(m_files).read(m_account.BankNum);
-    Q_EMIT balancesChanged(m_account.BankNum);
+    DataChange change{DataChange::Accounts | DataChange::Budget | DataChange::Registers,
+                      {m_account.BankNum},
+                      0,
+                      this};
+    // A void of one record moves its own account and categories only; a
+    // linked one has another side, and the views read everything again.
+    change.inPlace = !linked;
+    if (change.inPlace) {
+        change.accounts.push_back(m_account);
+        const BudgetBook budget(m_files);
+        for (const int n : BudgetPosting::categories(&m_loaded, nullptr))
+            change.categories.push_back(budget.read(n));
+    }
+    Q_EMIT dataChanged(change);
     FillRegisterGrid();
     onClear();
     if (voided >= 1 && voided <= int(m_model->records().size()))

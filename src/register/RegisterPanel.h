@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/DataChange.h"
 #include "core/DataSnapshot.h"
 #include "records/BankAcctRecord.h"
 #include "records/DataFiles.h"
@@ -60,8 +61,9 @@ public:
     static const QString DiscardText;
 
 Q_SIGNALS:
-    // A balance changed: the account list and totals need rebuilding.
-    void balancesChanged(int bankNum);
+    // An entry or a void was written: the accounts, categories and registers
+    // it changed, for the other views.
+    void dataChanged(const DataChange &change);
     // A transfer's row was picked: it is changed on the transfer panel.
     void transferChangeRequested(int bankNum, int recordNumber);
     // The entry row wrote record n of this account's register (entered,

@@ -146,6 +146,7 @@ private Q_SLOTS:
     void calendarGoesWhereItFits_data();
     void calendarGoesWhereItFits();
     void calendarOpensWholeAtTheBottom();
+    void enterUpdatesFiguresInPlace();
 };
 
 void TestMainWindow::initTestCase()
@@ -328,4 +329,49 @@ int main(int argc, char **argv)
     TestMainWindow test;
     return QTest::qExec(&test, argc, argv);
 }
+namespace {
+
+// Every cell of a grid and every label of a window, as shown.
+QStringList shown(const QAbstractItemModel *model, const QWidget *window)
+{
+    QStringList cells;
+    for (int r = 0; r < model->rowCount(); ++r)
+        for (int c = 0; c < model->columnCount(); ++c)
+            cells << model->index(r, c).data().toString();
+    for (const QLabel *label : window->findChildren<QLabel *>())
+        cells << label->objectName() + QLatin1Char('=') + label->text();
+    return cells;
+}
+
+} // namespace
+
+// An Enter updates the account list and the budget from the records it
+// wrote, without reading them again: what they show is what a full reading
+// of the files shows.
+void TestMainWindow::enterUpdatesFiguresInPlace()
+{
+    Run run(QSize(1024, 768));
+    QVERIFY(run.main);
+    const auto *accounts = run.find<QTableView>(QStringLiteral("flxgdBankAcct"));
+    const auto *budget = run.find<QTableView>(QStringLiteral("flxgdAcctBudget"));
+    auto *category = run.find<QComboBox>(QStringLiteral("cmbBudItems"));
+    QVERIFY(accounts && budget && category);
+    const QStringList before
+        = shown(accounts->model(), run.main) + shown(budget->model(), run.main);
+
+    run.find<QComboBox>(QStringLiteral("cmbType"))->setCurrentText(QStringLiteral("Withdrawal"));
+    run.find<QComboBox>(QStringLiteral("cmbDesc"))->setEditText(QStringLiteral("Corner Grocer"));
+    run.find<QLineEdit>(QStringLiteral("cmbamt"))->setText(QStringLiteral("12.34"));
+    category->setCurrentIndex(category->count() > 1 ? 1 : 0);
+    run.find<QPushButton>(QStringLiteral("cmdEnterTrans"))->click();
+    settle();
+    const QStringList inPlace
+        = shown(accounts->model(), run.main) + shown(budget->model(), run.main);
+    QVERIFY(inPlace != before);
+
+    Q_EMIT run.main->dataChanged({DataChange::Accounts | DataChange::Budget, {}, 0, nullptr});
+    settle();
+    QCOMPARE(inPlace, shown(accounts->model(), run.main) + shown(budget->model(), run.main));
+}
+
 #include "tst_mainwindow.moc"
