@@ -7,6 +7,7 @@
 #include "records/RawRecordFile.h"
 #include "records/TransactionClasses.h"
 #include "records/TransactionTemplate.h"
+#include "records/TransactionTypes.h"
 #include "records/UnitOfWork.h"
 #include "register/AccountPosting.h"
 #include "register/RegisterRefusals.h"
@@ -195,8 +196,11 @@ StatementBook::Prior StatementBook::prior(const std::vector<TransRecord> &record
             else
                 p.deposits += t.Amount;
         }
-        // Cleared on this statement or an earlier one (or when no date was kept).
-        if (t.DateClear.is(date) || !cleared.isValid() || (on.isValid() && cleared < on))
+        // Cleared on this statement or an earlier one; the opening entry (the
+        // ending balance of the statement before the first) and an entry
+        // cleared without a date come before every statement.
+        if (t.DateClear.is(date) || !cleared.isValid() || (on.isValid() && cleared < on)
+            || t.TypeNum == TransactionTypes::TypeNum::StartingBalance)
             p.ending += t.Amount;
     }
     p.start = p.ending - p.deposits + p.withdrawals;
