@@ -146,6 +146,23 @@ int printTargets(const std::map<std::string, Figures> &figures)
             part(f, "fill_ms"), part(f, "paint_ms"));
     }
 
+    const auto balancing = figures.find("BM_OpenBalancingPanel");
+    if (balancing != figures.end() && balancing->second.medianTime >= 0) {
+        const Figures &f = balancing->second;
+        std::printf("  open the balancing panel on 32,767 records, 5,000 of them open (read, "
+                    "list, paint): median %.1f %s, mean %.1f %s (target < 50 ms): %s\n",
+                    f.medianTime, f.unit.c_str(), f.meanTime, f.unit.c_str(),
+                    verdict(f.unit == "ms" && f.medianTime < 50.0));
+    }
+    const auto tick = figures.find("BM_TickRecount");
+    if (tick != figures.end() && tick->second.medianTime >= 0) {
+        const Figures &f = tick->second;
+        std::printf("  one tick and its recount on that list: median %.3f %s, mean %.3f %s "
+                    "(target < 2 ms): %s\n",
+                    f.medianTime, f.unit.c_str(), f.meanTime, f.unit.c_str(),
+                    verdict(f.unit == "ms" && f.medianTime < 2.0));
+    }
+
     const auto enter = figures.find("BM_EnterOnFullRegister");
     if (enter != figures.end() && enter->second.medianTime >= 0) {
         const Figures &f = enter->second;
