@@ -12,6 +12,8 @@
 #include "reconcile/BalancingPanel.h"
 #include "register/ArchivePanel.h"
 #include "register/RegisterPanel.h"
+#include "reports/PrintPanel.h"
+#include "reports/SearchPanel.h"
 #include "transfers/TransferPanel.h"
 
 #include <QComboBox>
@@ -269,6 +271,31 @@ QWidget *MainForm::buildWorkArea()
               },
               {}},
              m_archive);
+    m_search = new SearchPanel(m_interaction, area);
+    addPanel({QStringLiteral("search"),
+              tr("Search"),
+              QStringLiteral("cmdShowSearch"),
+              nullptr,
+              {},
+              [this](const DataSnapshot &d) { m_search->setData(d); },
+              [this](const DataChange &c, const DataSnapshot &d) {
+                  if (c.parts & (DataChange::Accounts | DataChange::Categories))
+                      m_search->setData(d);
+              },
+              {}},
+             m_search);
+    m_print = new PrintPanel(m_interaction, area);
+    addPanel({QStringLiteral("print"),
+              tr("Print"),
+              QStringLiteral("cmdShowPrint"),
+              nullptr,
+              {},
+              [this](const DataSnapshot &d) { m_print->setData(d); },
+              [this](const DataChange &, const DataSnapshot &d) { m_print->setData(d); },
+              [this](const BankAcctRecord &a, const DataSnapshot &) {
+                  m_print->setCurrentAccount(a.BankNum);
+              }},
+             m_print);
     m_buttonRow->addStretch();
 
     reportChanges();
@@ -299,6 +326,12 @@ QWidget *MainForm::buildWorkArea()
             m_register->showLastRow();
     });
     connect(m_balancing, &BalancingPanel::editLockChanged, this, &MainForm::setEditLock);
+    // A transaction found by a search is shown in its account's register.
+    connect(m_search, &SearchPanel::transactionChosen, this, [this](int bankNum, int record) {
+        setCurrentAccount(bankNum);
+        showPanel(QStringLiteral("register"));
+        m_register->showRecord(record);
+    });
 
     auto *layout = new QVBoxLayout(area);
     layout->setContentsMargins(0, 0, 0, 0);

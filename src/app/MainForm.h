@@ -19,7 +19,9 @@ class ArchivePanel;
 class BalancingPanel;
 class BudgetPanel;
 class BudgetTransferPanel;
+class PrintPanel;
 class RegisterPanel;
+class SearchPanel;
 class TransferPanel;
 class Interaction;
 class QComboBox;
@@ -124,6 +126,8 @@ private:
     ArchivePanel *m_archive = nullptr;
     BalancingPanel *m_balancing = nullptr;
     bool m_editLock = false;
+    SearchPanel *m_search = nullptr;
+    PrintPanel *m_print = nullptr;
     QHBoxLayout *m_buttonRow = nullptr;
     QStackedWidget *m_work = nullptr;
     QPushButton *m_sampleButton = nullptr;

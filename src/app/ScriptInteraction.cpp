@@ -1,6 +1,7 @@
 #include "app/ScriptInteraction.h"
 
 #include "app/ScriptLine.h"
+#include "ui/ReportPainter.h"
 
 #include <QDir>
 
@@ -212,7 +213,30 @@ void ScriptInteraction::beep()
 
 void ScriptInteraction::print(const QString &job, const QStringList &lines)
 {
-    writeLine(QStringLiteral("print job=") + ScriptLine::quote(job));
+    printed(QStringLiteral("print job=") + ScriptLine::quote(job), lines);
+}
+
+void ScriptInteraction::printPreview(const QString &job, const QStringList &lines)
+{
+    printed(QStringLiteral("print job=") + ScriptLine::quote(job) + QStringLiteral(" preview"),
+            lines);
+}
+
+void ScriptInteraction::printToPdf(const QString &job, const QStringList &lines,
+                                   const QString &path)
+{
+    // The file is written as on the desktop; the transcript names it from
+    // the home folder, so that it reads the same from run to run.
+    const bool written = ReportPainter::writePdf(path, job, lines);
+    printed(QStringLiteral("print job=") + ScriptLine::quote(job) + QStringLiteral(" pdf=")
+                + ScriptLine::quote(QDir(m_fileFolder).relativeFilePath(path))
+                + (written ? QString() : QStringLiteral(" (not written)")),
+            lines);
+}
+
+void ScriptInteraction::printed(const QString &heading, const QStringList &lines)
+{
+    writeLine(heading);
     for (const QString &line : lines)
         writeLine(QStringLiteral("| ") + ScriptLine::escape(line, false));
 }

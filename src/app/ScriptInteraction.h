@@ -54,6 +54,8 @@ public:
                        const QString &filter) override;
     void beep() override;
     void print(const QString &job, const QStringList &lines) override;
+    void printPreview(const QString &job, const QStringList &lines) override;
+    void printToPdf(const QString &job, const QStringList &lines, const QString &path) override;
     void setClipboard(const QString &text) override;
     // The run has a clipboard of its own: what the program last put there.
     QString clipboardText() override { return m_clipboard; }
@@ -67,6 +69,8 @@ public:
     static QStringList buttonNames(Buttons buttons);
 
 private:
+    // A print job's first line, then its printed lines.
+    void printed(const QString &heading, const QStringList &lines);
     // The head of the queue when it is meant for this window and names one of
     // its buttons; otherwise records a fault and gives nothing.
     std::optional<QString> take(const QString &window, const QString &shownAs,

@@ -52,8 +52,19 @@ public:
     }
     virtual void beep() = 0;
     // Prints the lines as they are, one to a printed line, in a fixed-pitch
-    // font: columns padded with blanks line up on paper.
+    // font: columns padded with blanks line up on paper. A line holding only a
+    // form feed ("\f") starts a new page.
     virtual void print(const QString &job, const QStringList &lines) = 0;
+    // Whether there is a printer to print on (the system's default printer).
+    virtual bool printerInstalled() { return true; }
+    // Shows the pages of a print job first; the user prints them from there.
+    virtual void printPreview(const QString &job, const QStringList &lines) { print(job, lines); }
+    // Writes the pages of a print job to a PDF file instead of a printer.
+    virtual void printToPdf(const QString &job, const QStringList &lines, const QString &path)
+    {
+        Q_UNUSED(path);
+        print(job, lines);
+    }
     virtual void setClipboard(const QString &text) = 0;
     // What a paste would take: the text on the clipboard (none by default).
     virtual QString clipboardText() { return QString(); }

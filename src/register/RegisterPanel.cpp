@@ -281,6 +281,31 @@ void RegisterPanel::showLastRow()
     }
 }
 
+void RegisterPanel::showRecord(int recordNumber)
+{
+    if (m_account.BankNum == 0 || recordNumber < 1 || recordNumber > int(m_model->records().size()))
+        return;
+    if (recordNumber < m_model->firstShown()) {
+        const auto date
+            = EntryChecks::parseDate(m_model->records()[recordNumber - 1].Date.text().trimmed());
+        const RegisterService::Result result = RegisterService(m_files).setViewFrom(
+            m_account.BankNum, date ? EntryChecks::formatLongDate(*date) : ViewRange::All);
+        if (!result.ok) {
+            showError(result.error);
+            return;
+        }
+        m_account = result.account;
+        FillRegisterGrid();
+    }
+    const int row = m_model->rowOfRecord(recordNumber);
+    if (row < 0)
+        return;
+    const QModelIndex index = m_grid->model()->index(row, RegisterModel::Type);
+    m_grid->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect
+                                                         | QItemSelectionModel::Rows);
+    m_grid->scrollTo(index, QAbstractItemView::PositionAtCenter);
+}
+
 bool RegisterPanel::refreshEntered(const RegisterEntry::Outcome &outcome, const TransRecord &before)
 {
     const std::vector<TransRecord> &records = m_model->records();

@@ -38,6 +38,9 @@ public:
     void FillRegisterGrid();
     // Makes the newest entry current and scrolls it into view.
     void showLastRow();
+    // Selects record n of the account shown and scrolls to it. A record listed
+    // before the view's start widens the view to begin at its date.
+    void showRecord(int recordNumber);
     // Refills the category list of the entry row, keeping the choice.
     void reloadCategories();
     void reloadCategories(const std::vector<BudgetRecord> &budget);

@@ -1,6 +1,7 @@
 #include "ui/DesktopInteraction.h"
 
 #include "ui/FundForm.h"
+#include "ui/ReportPainter.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -10,6 +11,7 @@
 #include <QFontDatabase>
 #include <QMessageBox>
 #include <QPainter>
+#include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QTextDocument>
@@ -103,13 +105,33 @@ void DesktopInteraction::print(const QString &job, const QStringList &lines)
                 Icon::Exclamation);
         return;
     }
-    QPrinter printer;
+    // The system's default printer (CUPS on Linux).
+    QPrinter printer(QPrinterInfo::defaultPrinter(), QPrinter::HighResolution);
     printer.setDocName(job);
-    QTextDocument doc;
-    // Reports pad their columns with blanks: a fixed-pitch font keeps them in line.
-    doc.setDefaultFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    doc.setPlainText(lines.join(QLatin1Char('\n')));
-    doc.print(&printer);
+    ReportPainter::paint(printer, lines);
+}
+
+bool DesktopInteraction::printerInstalled()
+{
+    return !QPrinterInfo::defaultPrinter().isNull();
+}
+
+void DesktopInteraction::printPreview(const QString &job, const QStringList &lines)
+{
+    QPrinter printer(QPrinterInfo::defaultPrinter(), QPrinter::HighResolution);
+    printer.setDocName(job);
+    QPrintPreviewDialog dialog(&printer, m_parent);
+    dialog.setWindowTitle(job);
+    QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
+                     [&lines](QPrinter *p) { ReportPainter::paint(*p, lines); });
+    dialog.exec();
+}
+
+void DesktopInteraction::printToPdf(const QString &job, const QStringList &lines,
+                                    const QString &path)
+{
+    if (!ReportPainter::writePdf(path, job, lines))
+        QMessageBox::warning(m_parent, job, QStringLiteral("Could not write ") + path);
 }
 
 void DesktopInteraction::setClipboard(const QString &text)

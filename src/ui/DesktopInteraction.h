@@ -20,6 +20,9 @@ public:
                        const QString &filter) override;
     void beep() override;
     void print(const QString &job, const QStringList &lines) override;
+    bool printerInstalled() override;
+    void printPreview(const QString &job, const QStringList &lines) override;
+    void printToPdf(const QString &job, const QStringList &lines, const QString &path) override;
     void setClipboard(const QString &text) override;
     QString clipboardText() override;
     void openUrl(const QString &url) override;

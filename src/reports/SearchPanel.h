@@ -1,0 +1,70 @@
+#pragma once
+
+#include "core/DataSnapshot.h"
+
+#include <QWidget>
+
+class Interaction;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QStandardItemModel;
+class QTableView;
+class SearchResultModel;
+
+// The search panel: criteria, the transactions found (flxgdSrchTrans) and
+// their summary (flxgdSrchSum). A click on a transaction found asks for it to
+// be shown in its account's register.
+class SearchPanel : public QWidget
+{
+    Q_OBJECT
+public:
+    SearchPanel(Interaction &interaction, QWidget *parent = nullptr);
+
+    // The accounts and categories offered; the criteria typed are kept.
+    void setData(const DataSnapshot &data);
+
+Q_SIGNALS:
+    void transactionChosen(int bankNum, int recordNumber);
+
+private:
+    void onSearch();
+    void onClear();
+    void onAccountChosen();
+    void onResultClicked(const QModelIndex &index);
+    void onCopy();
+    void showError(const QString &text);
+    void hideError();
+    void showSummary();
+    static void resetTo(QComboBox *box, const QStringList &entries, const QString &keep);
+
+    Interaction &m_interaction;
+    DataFiles m_files{QString(), false};
+    std::vector<BankAcctRecord> m_accounts;
+
+    QComboBox *m_account;
+    QComboBox *m_type;
+    QComboBox *m_dateFrom;
+    QComboBox *m_dateTo;
+    QLineEdit *m_description;
+    QLineEdit *m_amountFrom;
+    QLineEdit *m_amountTo;
+    QComboBox *m_category;
+    QComboBox *m_class;
+    QComboBox *m_paidTo;
+    QLabel *m_memoLabel;
+    QLineEdit *m_memo;
+    QComboBox *m_cleared;
+    QComboBox *m_statement;
+    QPushButton *m_search;
+    QPushButton *m_clear;
+    QPushButton *m_copy;
+    QLabel *m_error;
+    QPushButton *m_errorButton;
+    QLabel *m_title;
+    SearchResultModel *m_results;
+    QTableView *m_grid;
+    QStandardItemModel *m_summary;
+    QTableView *m_summaryGrid;
+};
