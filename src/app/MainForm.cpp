@@ -278,10 +278,7 @@ QWidget *MainForm::buildWorkArea()
               nullptr,
               {},
               [this](const DataSnapshot &d) { m_search->setData(d); },
-              [this](const DataChange &c, const DataSnapshot &d) {
-                  if (c.parts & (DataChange::Accounts | DataChange::Categories))
-                      m_search->setData(d);
-              },
+              [this](const DataChange &c, const DataSnapshot &d) { m_search->follow(c, d); },
               {}},
              m_search);
     m_print = new PrintPanel(m_interaction, area);
@@ -291,7 +288,7 @@ QWidget *MainForm::buildWorkArea()
               nullptr,
               {},
               [this](const DataSnapshot &d) { m_print->setData(d); },
-              [this](const DataChange &, const DataSnapshot &d) { m_print->setData(d); },
+              [this](const DataChange &c, const DataSnapshot &d) { m_print->follow(c, d); },
               [this](const BankAcctRecord &a, const DataSnapshot &) {
                   m_print->setCurrentAccount(a.BankNum);
               }},

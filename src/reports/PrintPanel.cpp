@@ -3,6 +3,7 @@
 #include "core/Clock.h"
 #include "core/EntryChecks.h"
 #include "core/Interaction.h"
+#include "reports/FollowedData.h"
 #include "reports/PrintedReports.h"
 #include "ui/DateBox.h"
 #include "ui/Named.h"
@@ -96,6 +97,13 @@ void PrintPanel::setData(const DataSnapshot &data)
         if (!a.isDeleted() && !a.BankName.isBlank())
             m_account->addItem(a.BankName.text().trimmed(), int(a.BankNum));
     m_account->setCurrentIndex(m_account->findData(chosen));
+}
+
+void PrintPanel::follow(const DataChange &change, const DataSnapshot &data)
+{
+    DataSnapshot kept = m_data;
+    FollowedData::follow(kept, change, data);
+    setData(kept);
 }
 
 void PrintPanel::setCurrentAccount(int bankNum)

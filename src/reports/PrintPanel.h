@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/DataChange.h"
 #include "core/DataSnapshot.h"
 
 #include <QWidget>
@@ -21,6 +22,8 @@ public:
     PrintPanel(Interaction &interaction, QWidget *parent = nullptr);
 
     void setData(const DataSnapshot &data);
+    // Follows an operation of another view.
+    void follow(const DataChange &change, const DataSnapshot &data);
     // The account the register choice starts at (the current account).
     void setCurrentAccount(int bankNum);
 

@@ -4,6 +4,7 @@
 #include "core/Interaction.h"
 #include "records/RecordFile.h"
 #include "records/TransactionClasses.h"
+#include "reports/FollowedData.h"
 #include "reports/SearchResultModel.h"
 #include "reports/SearchSummary.h"
 #include "ui/DateBox.h"
@@ -182,6 +183,7 @@ void SearchPanel::setData(const DataSnapshot &data)
 {
     m_files = data.files;
     m_accounts = data.accountList();
+    m_categories = data.budget;
     const int chosen = m_account->currentData().toInt();
     m_account->clear();
     m_account->addItem(TransactionSearch::AllAccounts, 0);
@@ -200,6 +202,18 @@ void SearchPanel::setData(const DataSnapshot &data)
             categories << c.BudName.text().trimmed();
     resetTo(m_category, categories, m_category->currentText());
     onAccountChosen();
+}
+
+void SearchPanel::follow(const DataChange &change, const DataSnapshot &data)
+{
+    if (!(change.parts & (DataChange::Accounts | DataChange::Categories)))
+        return;
+    DataSnapshot kept;
+    kept.files = m_files;
+    kept.accounts = m_accounts;
+    kept.budget = m_categories;
+    FollowedData::follow(kept, change, data);
+    setData(kept);
 }
 
 void SearchPanel::onAccountChosen()

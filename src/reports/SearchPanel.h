@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/DataChange.h"
 #include "core/DataSnapshot.h"
 
 #include <QWidget>
@@ -24,6 +25,8 @@ public:
 
     // The accounts and categories offered; the criteria typed are kept.
     void setData(const DataSnapshot &data);
+    // Follows an operation of another view.
+    void follow(const DataChange &change, const DataSnapshot &data);
 
 Q_SIGNALS:
     void transactionChosen(int bankNum, int recordNumber);
@@ -42,6 +45,7 @@ private:
     Interaction &m_interaction;
     DataFiles m_files{QString(), false};
     std::vector<BankAcctRecord> m_accounts;
+    std::vector<BudgetRecord> m_categories;
 
     QComboBox *m_account;
     QComboBox *m_type;
