@@ -23,6 +23,8 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
 const QString HeadingStyle = QStringLiteral("font-weight: bold; font-size: 14px;");
@@ -33,6 +35,7 @@ QLineEdit *figureBox(const char *name, bool readOnly, QWidget *parent)
     auto *box = named(new QLineEdit(parent), name);
     box->setReadOnly(readOnly);
     box->setAlignment(Qt::AlignRight);
+    box->setMinimumWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("-999999.99")) + 10);
     box->setMaximumWidth(130);
     return box;
 }
@@ -68,11 +71,7 @@ BalancingPanel::BalancingPanel(Interaction &interaction, QWidget *parent)
     m_grid->verticalHeader()->setDefaultSectionSize(22);
     m_grid->setWordWrap(false);
     m_grid->setColumnHidden(StatementModel::RecNum, true);
-    QHeaderView *header = m_grid->horizontalHeader();
-    const int widths[] = {28, 96, 64, 140, 90, 80, 84, 84};
-    for (int c = 0; c < StatementModel::RecNum; ++c)
-        m_grid->setColumnWidth(c, widths[c]);
-    header->setSectionResizeMode(StatementModel::Payee, QHeaderView::Stretch);
+    m_grid->horizontalHeader()->setMinimumSectionSize(20);
     connect(m_grid, &QTableView::clicked, this, &BalancingPanel::onCellClicked);
     m_grid->installEventFilter(this);
 
@@ -109,13 +108,13 @@ QWidget *BalancingPanel::buildFigures()
     m_ending = figureBox("cmbamt(7)", false, box);
     auto *layout = new QHBoxLayout(box);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(new QLabel(tr("Statement date"), box));
+    layout->addWidget(new QLabel(tr("Date"), box));
     layout->addWidget(m_date);
     layout->addSpacing(8);
-    layout->addWidget(new QLabel(tr("Starting balance"), box));
+    layout->addWidget(new QLabel(tr("Starts at"), box));
     layout->addWidget(m_start);
     layout->addSpacing(8);
-    layout->addWidget(new QLabel(tr("Ending balance"), box));
+    layout->addWidget(new QLabel(tr("Ends at"), box));
     layout->addWidget(m_ending);
     layout->addStretch();
 
@@ -164,6 +163,25 @@ QWidget *BalancingPanel::buildTotals()
     grid->addWidget(m_ok, 2, 3);
     grid->addWidget(m_cancel, 2, 4);
     return box;
+}
+
+void BalancingPanel::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    const QFontMetrics metrics = m_grid->fontMetrics();
+    const int money = metrics.horizontalAdvance(QStringLiteral("$9,999,999.99")) + 8;
+    const int date = metrics.horizontalAdvance(QStringLiteral("00/00/00")) + 14;
+    const int tick = 28;
+    const int width = m_grid->viewport()->width() > 0 ? m_grid->width() - 22 : 600;
+    const int rest = std::max(200, width - tick - date - 2 * money);
+    m_grid->setColumnWidth(StatementModel::Tick, tick);
+    m_grid->setColumnWidth(StatementModel::Date, date);
+    m_grid->setColumnWidth(StatementModel::Deposit, money);
+    m_grid->setColumnWidth(StatementModel::Withdrawal, money);
+    m_grid->setColumnWidth(StatementModel::Type, rest * 22 / 100);
+    m_grid->setColumnWidth(StatementModel::Payee, rest * 36 / 100);
+    m_grid->setColumnWidth(StatementModel::Category, rest * 21 / 100);
+    m_grid->setColumnWidth(StatementModel::Memo, rest - rest * 79 / 100);
 }
 
 void BalancingPanel::setDataFiles(const DataFiles &files)
