@@ -1,5 +1,8 @@
 #include "reconcile/BalancingPanel.h"
 
+#include "calculator/AmountCalculator.h"
+#include "ui/MoneyBox.h"
+
 #include "core/Clock.h"
 #include "core/EntryChecks.h"
 #include "core/Interaction.h"
@@ -106,6 +109,11 @@ QWidget *BalancingPanel::buildFigures()
     m_date->setMinimumWidth(110);
     m_start = figureBox("cmbamt(6)", false, box);
     m_ending = figureBox("cmbamt(7)", false, box);
+    // A statement's balances may be below zero (an overdrawn account, a card).
+    for (QLineEdit *figure : {m_start, m_ending}) {
+        fitLargestAmount(figure);
+        AmountCalculator::attach(figure, m_interaction, AmountCalculator::Sign::Signed);
+    }
     auto *layout = new QHBoxLayout(box);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(new QLabel(tr("Date"), box));

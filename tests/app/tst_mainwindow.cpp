@@ -213,11 +213,10 @@ void TestMainWindow::moneyIsNeverCut()
     {
         const char *panel;
         const char *amountBox;
-    } panels[] = {{"register", "cmbamt"},
-                  {"transfer", "cmbamt(2)"},
-                  {"budget", "txtBudAmount"},
-                  {"budgettransfer", "cmbamt(3)"},
-                  {"accounts", "txtStartBal"}};
+    } panels[]
+        = {{"register", "cmbamt"},          {"transfer", "cmbamt(2)"},   {"budget", "txtBudAmount"},
+           {"budgettransfer", "cmbamt(3)"}, {"accounts", "txtStartBal"}, {"balancing", "cmbamt(6)"},
+           {"balancing", "cmbamt(7)"}};
     for (const auto &p : panels) {
         QVERIFY(run.main->showPanel(QString::fromLatin1(p.panel)));
         settle();
