@@ -37,6 +37,8 @@ PrintPanel::PrintPanel(Interaction &interaction, QWidget *parent)
 {
     m_count->setMaxLength(5);
     m_count->setFixedWidth(70);
+    for (QComboBox *date : {m_from, m_to})
+        date->setMinimumWidth(130);
     m_error->setStyleSheet(QStringLiteral("color: #c0392b;"));
     m_toPrinter->setChecked(true);
     // The two lists print when picked, like buttons; they stay unchecked.

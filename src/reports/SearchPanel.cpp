@@ -137,9 +137,10 @@ SearchPanel::SearchPanel(Interaction &interaction, QWidget *parent)
     m_summaryGrid->setSelectionMode(QAbstractItemView::NoSelection);
     m_summaryGrid->verticalHeader()->hide();
     m_summaryGrid->verticalHeader()->setDefaultSectionSize(20);
-    m_summaryGrid->setColumnWidth(0, 150);
+    // The item texts are shown whole, with their leading blanks.
+    m_summaryGrid->horizontalHeader()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     m_summaryGrid->horizontalHeader()->setStretchLastSection(true);
-    m_summaryGrid->setFixedWidth(270);
+    m_summaryGrid->setFixedWidth(300);
     m_summaryGrid->setFixedHeight(20 * (SearchSummary::RowCount + 1) + 6);
     showSummary();
 
