@@ -144,18 +144,16 @@ SearchPanel::SearchPanel(Interaction &interaction, QWidget *parent)
     m_summaryGrid->setFixedHeight(20 * (SearchSummary::RowCount + 1) + 6);
     showSummary();
 
-    auto *lists = new QHBoxLayout;
-    lists->addWidget(m_grid, 1);
-    auto *side = new QVBoxLayout;
-    side->addWidget(m_summaryGrid);
-    side->addStretch();
-    lists->addLayout(side);
-
+    // The results take the whole width; the summary sits beneath them.
+    auto *summaryRow = new QHBoxLayout;
+    summaryRow->addWidget(m_summaryGrid);
+    summaryRow->addStretch();
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);
     layout->addLayout(criteria);
     layout->addWidget(m_title);
-    layout->addLayout(lists, 1);
+    layout->addWidget(m_grid, 1);
+    layout->addLayout(summaryRow);
 
     connect(m_search, &QPushButton::clicked, this, [this] { onSearch(); });
     connect(m_clear, &QPushButton::clicked, this, [this] { onClear(); });
