@@ -1,5 +1,6 @@
 #include "reports/SearchPanel.h"
 
+#include "calculator/AmountCalculator.h"
 #include "core/EntryChecks.h"
 #include "core/Interaction.h"
 #include "records/RecordFile.h"
@@ -77,8 +78,10 @@ SearchPanel::SearchPanel(Interaction &interaction, QWidget *parent)
 {
     for (QComboBox *date : {m_dateFrom, m_dateTo})
         date->setEditText(Any);
-    for (QLineEdit *amount : {m_amountFrom, m_amountTo})
+    for (QLineEdit *amount : {m_amountFrom, m_amountTo}) {
         amount->setText(Any);
+        AmountCalculator::attach(amount, m_interaction);
+    }
     m_memo->setMaxLength(100);
     m_description->setMaxLength(70);
     m_error->setStyleSheet(QStringLiteral("color: #c0392b;"));

@@ -1,6 +1,7 @@
 #include "ReportsFixture.h"
 
 #include "records/TransactionTypes.h"
+#include "reports/FollowedData.h"
 #include "reports/SearchSummary.h"
 #include "reports/TransactionSearch.h"
 
@@ -179,6 +180,30 @@ private Q_SLOTS:
         const Result r = run(m_fx->files, m_fx->accounts, 0, SearchCriteria());
         QCOMPARE(r.unreadable, QStringList({QStringLiteral("Savings")}));
         QCOMPARE(r.hits.size(), std::size_t(4));
+    }
+
+    void keptListsFollowChanges()
+    {
+        DataSnapshot kept;
+        kept.accounts = m_fx->accounts;
+        // In place: the records written replace theirs, a next one is added.
+        DataChange change;
+        change.inPlace = true;
+        BankAcctRecord moved = m_fx->accounts[1];
+        moved.Balance = Currency::fromUnits(7);
+        BankAcctRecord added;
+        added.BankNum = 3;
+        added.BankName = QStringLiteral("Visa");
+        change.accounts = {moved, added};
+        FollowedData::follow(kept, change, DataSnapshot{});
+        QCOMPARE(kept.accountList().size(), std::size_t(3));
+        QCOMPARE(kept.account(2).Balance, Currency::fromUnits(7));
+        QCOMPARE(kept.account(1).BankName.text(), QStringLiteral("Checking"));
+        // Otherwise the set read again is taken whole.
+        DataSnapshot read;
+        read.accounts = std::vector<BankAcctRecord>{m_fx->accounts[0]};
+        FollowedData::follow(kept, DataChange{}, read);
+        QCOMPARE(kept.accountList().size(), std::size_t(1));
     }
 
     void summaryOfMixedAndEmptyResults()
