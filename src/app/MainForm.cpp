@@ -16,9 +16,11 @@
 #include "reports/SearchPanel.h"
 #include "transfers/TransferPanel.h"
 
+#include "ui/FlowLayout.h"
 #include <QComboBox>
 #include <QFrame>
 #include <QGridLayout>
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMouseEvent>
@@ -153,8 +155,9 @@ QWidget *MainForm::buildWorkArea()
     auto *area = new QWidget(this);
     auto *buttons = new QWidget(area);
     buttons->setObjectName(QStringLiteral("picPanelButtons"));
-    m_buttonRow = new QHBoxLayout(buttons);
-    m_buttonRow->setContentsMargins(0, 0, 0, 0);
+    // The panel buttons wrap onto a second row when the window is too narrow
+    // for one, so no caption is cut at 800 x 600.
+    m_buttonRow = new FlowLayout(buttons);
     m_work = new QStackedWidget(area);
     m_work->setObjectName(QStringLiteral("picWorkArea"));
 
@@ -293,7 +296,6 @@ QWidget *MainForm::buildWorkArea()
                   m_print->setCurrentAccount(a.BankNum);
               }},
              m_print);
-    m_buttonRow->addStretch();
 
     reportChanges();
     // A removed account leaves every list of accounts and categories, and the

@@ -13,6 +13,7 @@
 
 #include <functional>
 
+class FlowLayout;
 class AccountEditor;
 class AccountsPanel;
 class ArchivePanel;
@@ -128,7 +129,7 @@ private:
     bool m_editLock = false;
     SearchPanel *m_search = nullptr;
     PrintPanel *m_print = nullptr;
-    QHBoxLayout *m_buttonRow = nullptr;
+    FlowLayout *m_buttonRow = nullptr;
     QStackedWidget *m_work = nullptr;
     QPushButton *m_sampleButton = nullptr;
     QPushButton *m_helpButton = nullptr;

@@ -226,6 +226,14 @@ void TestMainWindow::moneyIsNeverCut()
         QVERIFY2(box, p.amountBox);
         QVERIFY2(run.main->fontMetrics().horizontalAdvance(largest) <= textRoom(box), p.amountBox);
     }
+    // Every panel button shows its whole caption inside the button row.
+    auto *row = run.find<QWidget>(QStringLiteral("picPanelButtons"));
+    QVERIFY(row);
+    for (auto *button : row->findChildren<QPushButton *>()) {
+        QVERIFY2(button->width() >= button->sizeHint().width()
+                     && row->rect().contains(button->geometry()),
+                 qPrintable(button->text()));
+    }
     // The category list shows its figures whole, without scrolling sideways.
     QVERIFY(run.main->showPanel(QStringLiteral("budget")));
     settle();
