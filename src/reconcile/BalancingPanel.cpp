@@ -1,6 +1,7 @@
 #include "reconcile/BalancingPanel.h"
 
 #include "calculator/AmountCalculator.h"
+#include "ui/FlowLayout.h"
 #include "ui/MoneyBox.h"
 
 #include "core/Clock.h"
@@ -114,17 +115,21 @@ QWidget *BalancingPanel::buildFigures()
         fitLargestAmount(figure);
         AmountCalculator::attach(figure, m_interaction, AmountCalculator::Sign::Signed);
     }
-    auto *layout = new QHBoxLayout(box);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(new QLabel(tr("Date"), box));
-    layout->addWidget(m_date);
-    layout->addSpacing(8);
-    layout->addWidget(new QLabel(tr("Starts at"), box));
-    layout->addWidget(m_start);
-    layout->addSpacing(8);
-    layout->addWidget(new QLabel(tr("Ends at"), box));
-    layout->addWidget(m_ending);
-    layout->addStretch();
+    // Each caption stays with its box; the pairs wrap onto a second row when
+    // the panel is too narrow for all three (800 x 600).
+    auto *layout = new FlowLayout(box, 12);
+    auto pair = [box, layout](const QString &caption, QWidget *field) {
+        auto *both = new QWidget(box);
+        auto *row = new QHBoxLayout(both);
+        row->setContentsMargins(0, 0, 0, 0);
+        row->addWidget(new QLabel(caption, both));
+        field->setParent(both);
+        row->addWidget(field);
+        layout->addWidget(both);
+    };
+    pair(tr("Date"), m_date);
+    pair(tr("Starts at"), m_start);
+    pair(tr("Ends at"), m_ending);
 
     connect(m_date, &QComboBox::editTextChanged, this, [this] { updateLock(); });
     connect(m_start, &QLineEdit::textChanged, this, [this] {
