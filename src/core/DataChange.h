@@ -32,8 +32,8 @@ struct DataChange
     // place and nothing is read again. (A change of the list of categories is
     // always read again.)
     bool inPlace = false;
-    std::vector<BankAcctRecord> accounts;
-    std::vector<BudgetRecord> categories;
+    std::vector<BankAcctRecord> accounts = {};
+    std::vector<BudgetRecord> categories = {};
 
     bool has(Part part) const { return (parts & part) != 0; }
 };

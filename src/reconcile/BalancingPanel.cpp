@@ -270,6 +270,13 @@ void BalancingPanel::reloadRegister()
     if (!m_skipStartTest)
         m_listStart = m_expectedStart;
     m_model->list().fill(m_records);
+    showList();
+}
+
+// Shows the open list again (unless a prior statement is shown), with each
+// heading row spanning the transaction columns.
+void BalancingPanel::showList()
+{
     if (!m_model->showsPrior())
         m_model->reload();
     m_grid->clearSpans();
@@ -299,13 +306,7 @@ void BalancingPanel::entryWritten(int bankNum, int recordNumber, const TransReco
     if (!m_skipStartTest)
         m_listStart = m_expectedStart;
     m_model->list().enter(recordNumber, record);
-    if (!m_model->showsPrior())
-        m_model->reload();
-    m_grid->clearSpans();
-    const StatementList &shown = m_model->shown();
-    for (int r = 0; r < shown.size(); ++r)
-        if (shown.row(r).isHeading())
-            m_grid->setSpan(r, StatementModel::Type, 1, StatementModel::RecNum - 1);
+    showList();
     recompute();
     updateLock();
 }

@@ -83,6 +83,7 @@ private:
     void emptyFigures();
     void updateLock();
     void reloadRegister();
+    void showList();
     void fillDates();
     void onStatementChosen(int index);
     void showPrior(const QString &date);

@@ -92,14 +92,7 @@ ArchivePanel::ArchivePanel(Interaction &interaction, QWidget *parent)
     m_grid->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_grid->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_grid->verticalHeader()->hide();
-    m_grid->verticalHeader()->setDefaultSectionSize(21);
-    m_grid->setWordWrap(false);
-    QHeaderView *header = m_grid->horizontalHeader();
-    header->setMinimumSectionSize(18);
-    for (int c = 0; c < RegisterModel::ColumnCount; ++c)
-        header->resizeSection(c, RegisterModel::ColumnWidths[c]);
-    header->setSectionResizeMode(RegisterModel::Payee, QHeaderView::Stretch);
+    RegisterModel::layOutColumns(m_grid);
 
     auto *copy = new QAction(tr("Copy Selected Transactions to Clipboard"), m_grid);
     copy->setObjectName(QStringLiteral("mnuCopyArchive"));

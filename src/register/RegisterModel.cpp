@@ -1,5 +1,8 @@
 #include "register/RegisterModel.h"
 
+#include <QHeaderView>
+#include <QTableView>
+
 #include "core/TransactionText.h"
 #include "register/ViewRange.h"
 
@@ -209,4 +212,16 @@ QString RegisterModel::tabSeparated(const QList<int> &rows) const
         lines << cells.join(QLatin1Char('\t'));
     }
     return lines.join(QStringLiteral("\r\n")) + QStringLiteral("\r\n");
+}
+
+void RegisterModel::layOutColumns(QTableView *grid)
+{
+    grid->verticalHeader()->hide();
+    grid->verticalHeader()->setDefaultSectionSize(21);
+    grid->setWordWrap(false);
+    QHeaderView *header = grid->horizontalHeader();
+    header->setMinimumSectionSize(18);
+    for (int c = 0; c < ColumnCount; ++c)
+        header->resizeSection(c, ColumnWidths[c]);
+    header->setSectionResizeMode(Payee, QHeaderView::Stretch);
 }

@@ -13,6 +13,8 @@
 // grid's empty rows below the last entry come from a proxy in the panel).
 // Cells are formatted only when they are looked at, so a full register of
 // 32,767 records fills at once.
+class QTableView;
+
 class RegisterModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -34,6 +36,8 @@ public:
     static constexpr int ColumnCount = 10;
     // The columns' widths in pixels when a grid first shows them.
     static constexpr int ColumnWidths[ColumnCount] = {18, 76, 68, 140, 70, 66, 72, 76, 80, 76};
+    // Gives a grid that shows this model the register's rows and columns.
+    static void layOutColumns(QTableView *grid);
 
     enum Role {
         // The record number (from 1) of the row, on every column.

@@ -87,14 +87,8 @@ RegisterPanel::RegisterPanel(Interaction &interaction, QWidget *parent)
     m_grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
     // One Tab stop: the arrow keys move between rows.
     m_grid->setTabKeyNavigation(false);
-    m_grid->verticalHeader()->hide();
-    m_grid->verticalHeader()->setDefaultSectionSize(21);
-    m_grid->setWordWrap(false);
+    RegisterModel::layOutColumns(m_grid);
     QHeaderView *header = m_grid->horizontalHeader();
-    header->setMinimumSectionSize(18);
-    for (int c = 0; c < RegisterModel::ColumnCount; ++c)
-        header->resizeSection(c, RegisterModel::ColumnWidths[c]);
-    header->setSectionResizeMode(RegisterModel::Payee, QHeaderView::Stretch);
     connect(header, &QHeaderView::sectionClicked, this, [this] {
         if (m_entry->checkNumbers->pending())
             m_interaction.beep();
