@@ -7,6 +7,8 @@
 #include "records/RecordFile.h"
 #include "records/TransRecord.h"
 #include "records/UnitOfWork.h"
+#include "reports/PrintedReports.h"
+#include "reports/ReportPages.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -134,6 +136,30 @@ private Q_SLOTS:
         QCOMPARE(sum, Currency());
         QVERIFY(club.front().Date.text().endsWith(QStringLiteral("2025")));
         QVERIFY(AccountArchive(DataFiles(a.path(), false)).entries().empty());
+    }
+
+    // The main checking account's whole register fills more than one printed
+    // page, so a long printout can be tried on the sample set alone.
+    void sampleCheckingPrintsOnSeveralPages()
+    {
+        QTemporaryDir a;
+        QCOMPARE(SampleData::ensure(a.path()), QString());
+        const DataFiles sample(a.path(), true);
+        const auto accounts = AccountBook(sample).readAll();
+        QVERIFY(accounts);
+        PrintedReports::RegisterChoice choice;
+        for (const BankAcctRecord &acct : *accounts)
+            if (!acct.isDeleted()
+                && acct.BankName.text() == QStringLiteral("First Community Checking"))
+                choice.bankNum = acct.BankNum;
+        QVERIFY(choice.bankNum != 0);
+        choice.byDates = true;
+        choice.from = QStringLiteral("01/01/2026");
+        choice.to = QStringLiteral("12/31/2026");
+        const auto report
+            = PrintedReports::registerReport(sample, *accounts, choice, QDate(2026, 11, 21));
+        QVERIFY2(report.error.isEmpty(), qPrintable(report.error));
+        QVERIFY(report.lines.count(ReportPages::PageBreak) >= 1);
     }
 
     // Stopped anywhere while it is written, the sample set is either not there
