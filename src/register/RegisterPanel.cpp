@@ -1,4 +1,5 @@
 #include "register/RegisterPanel.h"
+#include "register/ViewFromRow.h"
 
 #include "accounts/AccountBook.h"
 #include "budget/BudgetBook.h"
@@ -18,7 +19,7 @@
 #include "register/EntryRow.h"
 #include "register/LinkedRecords.h"
 #include "register/LinkedVoid.h"
-#include "register/PayeeBook.h"
+#include "register/PayeeCombo.h"
 #include "register/RegisterEntry.h"
 #include "register/RegisterModel.h"
 #include "register/RegisterRefusals.h"
@@ -137,20 +138,9 @@ RegisterPanel::RegisterPanel(Interaction &interaction, QWidget *parent)
 QWidget *RegisterPanel::buildViewRow()
 {
     auto *row = new QWidget(this);
-    m_view = new QPushButton(tr("View From\u2026"), row);
-    m_view->setObjectName(QStringLiteral("cmdView"));
-    m_viewLabel = new QLabel(row);
-    m_viewLabel->setObjectName(QStringLiteral("Label(86)"));
-    // On a narrow window the prompt takes two lines rather than pushing the
-    // buttons (or the account list) aside.
-    m_viewLabel->setWordWrap(true);
-    m_viewDate = new DateBox(row);
-    m_viewDate->setObjectName(QStringLiteral("cmbDate(9)"));
-    m_viewOk = new QPushButton(tr("OK"), row);
-    m_viewOk->setObjectName(QStringLiteral("cmdviewdate"));
-    connect(m_view, &QPushButton::clicked, this, &RegisterPanel::onView);
-    connect(m_viewOk, &QPushButton::clicked, this, &RegisterPanel::onViewDate);
-    connect(m_viewDate->lineEdit(), &QLineEdit::returnPressed, this, &RegisterPanel::onViewDate);
+    m_viewRow = new ViewFromRow(row);
+    connect(m_viewRow, &ViewFromRow::viewRequested, this, &RegisterPanel::onView);
+    connect(m_viewRow, &ViewFromRow::dateChosen, this, &RegisterPanel::onViewDate);
     m_registerTitle = new QLabel(row);
     m_registerTitle->setObjectName(QStringLiteral("lblRegisterTitle"));
     QFont bold = m_registerTitle->font();
@@ -162,13 +152,7 @@ QWidget *RegisterPanel::buildViewRow()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_registerTitle);
     layout->addStretch();
-    layout->addWidget(m_viewLabel);
-    layout->addWidget(m_viewDate);
-    layout->addWidget(m_viewOk);
-    layout->addWidget(m_view);
-    for (QWidget *w : {static_cast<QWidget *>(m_viewLabel), static_cast<QWidget *>(m_viewDate),
-                       static_cast<QWidget *>(m_viewOk)})
-        w->hide();
+    layout->addWidget(m_viewRow);
     return row;
 }
 
@@ -192,9 +176,7 @@ void RegisterPanel::setAccount(const BankAcctRecord &account, const DataSnapshot
     m_registerTitle->setText(account.BankNum == 0
                                  ? tr("No account yet: add one on the Accounts panel")
                                  : account.BankName.text());
-    m_viewLabel->hide();
-    m_viewDate->hide();
-    m_viewOk->hide();
+    m_viewRow->close();
     reloadLists(data);
     FillRegisterGrid();
     onClear();
@@ -239,13 +221,7 @@ void RegisterPanel::reloadCategories(const std::vector<BudgetRecord> &budget)
 
 void RegisterPanel::reloadPayees()
 {
-    QComboBox *payee = m_entry->payee;
-    const QString typed = payee->currentText();
-    payee->clear();
-    for (const PayeeBook::Entry &p : PayeeBook(m_files).listFor(m_account.BankNum))
-        payee->addItem(p.payee, p.recordNumber);
-    payee->setCurrentIndex(-1);
-    payee->setEditText(typed);
+    PayeeCombo::fill(m_entry->payee, m_files, m_account.BankNum);
 }
 
 void RegisterPanel::FillRegisterGrid()
@@ -765,20 +741,14 @@ void RegisterPanel::onView()
 {
     if (m_account.BankNum == 0)
         return;
-    m_viewLabel->setText(QStringLiteral("View transactions from date or enter All for ")
-                         + m_account.BankName.text().left(25));
-    const QString from = m_account.ViewFromDate.text().trimmed();
-    const auto date = EntryChecks::parseDate(from);
-    m_viewDate->setEditText(date ? EntryChecks::formatLongDate(*date) : ViewRange::All);
-    m_viewLabel->show();
-    m_viewDate->show();
-    m_viewOk->show();
-    m_viewDate->setFocus();
+    const auto date = EntryChecks::parseDate(m_account.ViewFromDate.text().trimmed());
+    m_viewRow->open(QStringLiteral("View transactions from date or enter All for ")
+                        + m_account.BankName.text().left(25),
+                    date ? EntryChecks::formatLongDate(*date) : ViewRange::All);
 }
 
-void RegisterPanel::onViewDate()
+void RegisterPanel::onViewDate(const QString &typed)
 {
-    const QString typed = m_viewDate->currentText();
     if (!ViewRange::isValid(typed)) {
         m_interaction.message(EntryChecks::BadDateText, EntryChecks::BadDateTitle);
         return;
@@ -790,27 +760,19 @@ void RegisterPanel::onViewDate()
         return;
     }
     m_account = result.account;
-    m_viewLabel->hide();
-    m_viewDate->hide();
-    m_viewOk->hide();
+    m_viewRow->close();
     FillRegisterGrid();
 }
 
 void RegisterPanel::onAddPayee()
 {
-    const QString text = m_entry->payee->currentText().trimmed();
-    if (text.isEmpty() || m_account.BankNum == 0) {
+    if (m_entry->payee->currentText().trimmed().isEmpty() || m_account.BankNum == 0) {
         m_interaction.beep();
         return;
     }
-    const PayeeBook::Result result
-        = PayeeBook(m_files).add(m_account.BankNum, m_account.BankName.text(), text);
-    if (!result.ok) {
-        showError(result.error);
-        return;
-    }
-    reloadPayees();
-    m_entry->payee->setCurrentIndex(m_entry->payee->findData(result.recordNumber));
+    const QString error = PayeeCombo::addTyped(m_entry->payee, m_files, m_account);
+    if (!error.isEmpty())
+        showError(error);
 }
 
 void RegisterPanel::onDeletePayee()
@@ -821,14 +783,9 @@ void RegisterPanel::onDeletePayee()
         m_interaction.beep();
         return;
     }
-    const PayeeBook::Result result = PayeeBook(m_files).remove(payee->itemData(index).toInt());
-    if (!result.ok) {
-        showError(result.error);
-        return;
-    }
-    payee->removeItem(index);
-    payee->setCurrentIndex(-1);
-    payee->setEditText(QString());
+    const QString error = PayeeCombo::removeChosen(payee, m_files);
+    if (!error.isEmpty())
+        showError(error);
 }
 
 void RegisterPanel::onCopy()

@@ -10,6 +10,7 @@
 
 #include <QWidget>
 
+class ViewFromRow;
 class DateBox;
 class EntryRow;
 class Interaction;
@@ -88,7 +89,7 @@ private:
     // A row was picked by mouse or keyboard: it is loaded for change.
     void pickRow(const QModelIndex &index);
     void onView();
-    void onViewDate();
+    void onViewDate(const QString &typed);
     void onAddPayee();
     void onDeletePayee();
     void onCopy();
@@ -133,9 +134,6 @@ private:
     QTableView *m_grid;
     EntryRow *m_entry;
     QLabel *m_registerTitle = nullptr;
-    QPushButton *m_view = nullptr;
-    QLabel *m_viewLabel = nullptr;
-    DateBox *m_viewDate = nullptr;
-    QPushButton *m_viewOk = nullptr;
+    ViewFromRow *m_viewRow = nullptr;
     QTimer *m_noticeTimer;
 };

@@ -1,0 +1,52 @@
+#include "register/ViewFromRow.h"
+
+#include "ui/DateBox.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+ViewFromRow::ViewFromRow(QWidget *parent) : QWidget(parent)
+{
+    m_view = new QPushButton(tr("View From\u2026"), this);
+    m_view->setObjectName(QStringLiteral("cmdView"));
+    m_prompt = new QLabel(this);
+    m_prompt->setObjectName(QStringLiteral("Label(86)"));
+    // On a narrow window the prompt takes two lines rather than pushing the
+    // buttons (or the account list) aside.
+    m_prompt->setWordWrap(true);
+    m_date = new DateBox(this);
+    m_date->setObjectName(QStringLiteral("cmbDate(9)"));
+    m_ok = new QPushButton(tr("OK"), this);
+    m_ok->setObjectName(QStringLiteral("cmdviewdate"));
+    connect(m_view, &QPushButton::clicked, this, &ViewFromRow::viewRequested);
+    auto choose = [this] { Q_EMIT dateChosen(m_date->currentText()); };
+    connect(m_ok, &QPushButton::clicked, this, choose);
+    connect(m_date->lineEdit(), &QLineEdit::returnPressed, this, choose);
+
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_prompt);
+    layout->addWidget(m_date);
+    layout->addWidget(m_ok);
+    layout->addWidget(m_view);
+    close();
+}
+
+void ViewFromRow::open(const QString &prompt, const QString &shown)
+{
+    m_prompt->setText(prompt);
+    m_date->setEditText(shown);
+    m_prompt->show();
+    m_date->show();
+    m_ok->show();
+    m_date->setFocus();
+}
+
+void ViewFromRow::close()
+{
+    m_prompt->hide();
+    m_date->hide();
+    m_ok->hide();
+}
