@@ -151,9 +151,17 @@ QWidget *RegisterPanel::buildViewRow()
     auto *layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_registerTitle);
+    m_commands = new QHBoxLayout;
+    layout->addLayout(m_commands);
     layout->addStretch();
     layout->addWidget(m_viewRow);
     return row;
+}
+
+void RegisterPanel::addCommand(QWidget *button)
+{
+    button->setParent(m_commands->parentWidget());
+    m_commands->addWidget(button);
 }
 
 void RegisterPanel::setDataFiles(const DataFiles &files)

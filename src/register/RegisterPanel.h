@@ -14,6 +14,7 @@ class ViewFromRow;
 class DateBox;
 class EntryRow;
 class Interaction;
+class QHBoxLayout;
 class QLabel;
 class QPushButton;
 class QTableView;
@@ -52,6 +53,10 @@ public:
     bool pickForChange(int recordNumber);
     // Opens the calculator over the entry row's amount box, as its arrow does.
     bool openAmountCalculator();
+
+    // Puts a command of a higher layer (import, export) beside the
+    // register's title.
+    void addCommand(QWidget *button);
 
     QTableView *grid() const { return m_grid; }
     RegisterModel *model() const { return m_model; }
@@ -134,6 +139,7 @@ private:
     QTableView *m_grid;
     EntryRow *m_entry;
     QLabel *m_registerTitle = nullptr;
+    QHBoxLayout *m_commands = nullptr;
     ViewFromRow *m_viewRow = nullptr;
     QTimer *m_noticeTimer;
 };
