@@ -4,7 +4,7 @@
 #   make bench  build and run the benchmarks
 BUILD   ?= build
 JOBS    ?= $(shell nproc 2>/dev/null || echo 2)
-PACKAGES = cmake g++ make clang-format ccache qt6-base-dev libgl-dev libbenchmark-dev xvfb xauth poppler-utils
+PACKAGES = cmake g++ make clang-format ccache qt6-base-dev libgl-dev libbenchmark-dev xvfb xauth poppler-utils hledger
 
 .PHONY: all deps configure build run test bench clean
 
