@@ -6,10 +6,13 @@
 #include "app/ScriptLine.h"
 #include "core/Clock.h"
 #include "core/EntryChecks.h"
+#include "ui/LayoutCheck.h"
 
 #include <QApplication>
 #include <QDialog>
+#include <QDir>
 #include <QFile>
+#include <QPixmap>
 #include <QThread>
 #include <QTimer>
 
@@ -206,7 +209,8 @@ void ScriptRunner::execute(const QString &command, ScriptLine &args)
     static const QStringList known
         = {QStringLiteral("panel"), QStringLiteral("set"),  QStringLiteral("choose"),
            QStringLiteral("click"), QStringLiteral("cell"), QStringLiteral("select"),
-           QStringLiteral("key"),   QStringLiteral("show"), QStringLiteral("grid")};
+           QStringLiteral("key"),   QStringLiteral("show"), QStringLiteral("grid"),
+           QStringLiteral("layout")};
     if (!known.contains(command))
         fail(QStringLiteral("unknown command %1").arg(command));
     startOnce();
@@ -221,7 +225,11 @@ void ScriptRunner::execute(const QString &command, ScriptLine &args)
         return;
     }
     const QString name = args.word();
-    if (command == QStringLiteral("set")) {
+    if (command == QStringLiteral("layout")) {
+        const QString label = args.word();
+        done();
+        checkLayout(name, label.isEmpty() ? name : label);
+    } else if (command == QStringLiteral("set")) {
         const QString text = args.rest();
         done();
         act(ScriptControls::setText(control(name), name, text));
@@ -271,6 +279,29 @@ void ScriptRunner::execute(const QString &command, ScriptLine &args)
         for (const QString &row : rows)
             m_interaction->writeLine(QStringLiteral("grid %1 %2").arg(name, row));
     }
+}
+
+void ScriptRunner::checkLayout(const QString &name, const QString &label)
+{
+    QWidget *window = control(name);
+    if (window != window->window())
+        fail(QStringLiteral("layout wants a window, and %1 is a control").arg(name));
+    if (!window->isVisible())
+        fail(QStringLiteral("window %1 is not open").arg(name));
+    const QStringList problems = LayoutCheck::problems(window);
+    for (const QString &problem : problems)
+        m_interaction->writeLine(QStringLiteral("layout %1: %2").arg(label, problem));
+    if (problems.isEmpty())
+        m_interaction->writeLine(QStringLiteral("layout %1 ok").arg(label));
+    if (m_pictures.isEmpty())
+        return;
+    QDir().mkpath(m_pictures);
+    const QString file = QStringLiteral("%1/%2-%3.png")
+                             .arg(m_pictures)
+                             .arg(++m_pictureCount, 2, 10, QLatin1Char('0'))
+                             .arg(label);
+    if (!window->grab().save(file))
+        fail(QStringLiteral("cannot save the picture %1").arg(file));
 }
 
 int ScriptRunner::run(const QString &scriptPath)

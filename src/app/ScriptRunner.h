@@ -21,6 +21,10 @@ public:
     // as "FILE:LINE: message").
     int run(const QString &scriptPath);
 
+    // Where the layout command saves a picture of each window it checks; no
+    // pictures when empty.
+    void setPictureFolder(const QString &folder) { m_pictures = folder; }
+
 private:
     struct Error
     {
@@ -38,6 +42,7 @@ private:
     int number(const QString &word, const QString &what) const;
     void fail(const QString &message) const;
     void watchForModals();
+    void checkLayout(const QString &name, const QString &label);
 
     StartForm::Options m_options;
     std::unique_ptr<ScriptInteraction> m_interaction;
@@ -46,4 +51,6 @@ private:
     bool m_startTried = false;
     bool m_running = false;
     int m_line = 0;
+    QString m_pictures;
+    int m_pictureCount = 0;
 };

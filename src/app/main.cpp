@@ -55,7 +55,11 @@ int main(int argc, char **argv)
     const QCommandLineOption screen(QStringLiteral("screen"),
                                     QStringLiteral("Take the screen to be this size."),
                                     QStringLiteral("WxH"));
-    parser.addOptions({home, script, today, screen});
+    const QCommandLineOption pictures(
+        QStringLiteral("pictures"),
+        QStringLiteral("With --script: save a picture of each window the layout command checks."),
+        QStringLiteral("DIR"));
+    parser.addOptions({home, script, today, screen, pictures});
     parser.process(app);
 
     QTextStream err(stderr);
@@ -94,6 +98,7 @@ int main(int argc, char **argv)
 
     if (parser.isSet(script)) {
         ScriptRunner runner(options);
+        runner.setPictureFolder(parser.value(pictures));
         return runner.run(parser.value(script));
     }
 

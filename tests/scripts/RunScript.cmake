@@ -8,11 +8,17 @@
 #   #! setting GROUP/KEY=VALUE   a per-user setting written before the run, e.g.
 #                                #! setting Options/Show Tips at Startup=0
 # The expected transcript is the script's name with ".expected" in place of ".qms".
+# Optional: -DSCREEN=WxH overrides the script's screen, -DPLATFORM=xcb runs on
+# the display in $DISPLAY instead of offscreen, -DPICTURES=dir keeps a picture
+# of each window the layout command checks, and -DRUN=name names the run folder.
 
 get_filename_component(name "${SCRIPT}" NAME_WE)
 get_filename_component(dir "${SCRIPT}" DIRECTORY)
 set(expected_file "${dir}/${name}.expected")
-set(run_dir "${WORK}/${name}")
+if(NOT RUN)
+    set(RUN "${name}")
+endif()
+set(run_dir "${WORK}/${RUN}")
 file(REMOVE_RECURSE "${run_dir}")
 file(MAKE_DIRECTORY "${run_dir}/home" "${run_dir}/config")
 
@@ -35,12 +41,23 @@ foreach(line IN LISTS directives)
     endif()
 endforeach()
 file(WRITE "${run_dir}/config/quillmere.conf" "${conf}")
+if(SCREEN)
+    set(screen "${SCREEN}")
+endif()
+if(NOT PLATFORM)
+    set(PLATFORM offscreen)
+endif()
+set(extra "")
+if(PICTURES)
+    file(REMOVE_RECURSE "${PICTURES}")
+    set(extra --pictures "${PICTURES}")
+endif()
 
 execute_process(
     COMMAND ${CMAKE_COMMAND} -E env
-        "XDG_CONFIG_HOME=${run_dir}/config" "QT_QPA_PLATFORM=offscreen"
+        "XDG_CONFIG_HOME=${run_dir}/config" "QT_QPA_PLATFORM=${PLATFORM}"
         "${QUILLMERE}" --home "${run_dir}/home" --script "${SCRIPT}"
-        --today "${today}" --screen "${screen}"
+        --today "${today}" --screen "${screen}" ${extra}
     OUTPUT_VARIABLE actual
     ERROR_VARIABLE errors
     RESULT_VARIABLE status

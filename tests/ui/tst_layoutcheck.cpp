@@ -1,0 +1,105 @@
+// The layout check names what a user could not see whole, and nothing else.
+
+#include "ui/FundForm.h"
+#include "ui/LayoutCheck.h"
+
+#include <QComboBox>
+#include <QFrame>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+
+#include <functional>
+
+class TestLayoutCheck : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void findsWhatIsHidden_data();
+    void findsWhatIsHidden();
+    void warningWindowFits();
+};
+
+using Build = std::function<void(QWidget *window)>;
+Q_DECLARE_METATYPE(Build)
+
+namespace {
+
+QPushButton *button(QWidget *parent, const char *name, QRect where, const char *text = "OK")
+{
+    auto *b = new QPushButton(QString::fromLatin1(text), parent);
+    b->setObjectName(QString::fromLatin1(name));
+    b->setGeometry(where);
+    return b;
+}
+
+} // namespace
+
+void TestLayoutCheck::findsWhatIsHidden_data()
+{
+    QTest::addColumn<Build>("build");
+    QTest::addColumn<QStringList>("expected");
+
+    QTest::newRow("apart") << Build([](QWidget *w) {
+        button(w, "cmdA", {10, 10, 80, 30});
+        button(w, "cmdB", {90, 10, 80, 30});
+    }) << QStringList();
+    QTest::newRow("overlap") << Build([](QWidget *w) {
+        button(w, "cmdA", {10, 10, 80, 30});
+        button(w, "cmdB", {85, 20, 80, 30});
+    }) << QStringList{QStringLiteral("cmdA and cmdB overlap (5x20 pixels)")};
+    QTest::newRow("hidden and empty controls do not count") << Build([](QWidget *w) {
+        button(w, "cmdA", {10, 10, 80, 30});
+        button(w, "cmdB", {10, 10, 80, 30})->hide();
+        new QLabel(w); // empty, at 0,0 over cmdA's corner
+    }) << QStringList();
+    QTest::newRow("past the window's edge") << Build([](QWidget *w) {
+        button(w, "cmdA", {150, 80, 80, 30});
+    }) << QStringList{QStringLiteral("cmdA lies outside the window (150,80 80x30 in 200x100)")};
+    QTest::newRow("cut by its frame") << Build([](QWidget *w) {
+        auto *frame = new QFrame(w);
+        frame->setObjectName(QStringLiteral("fraBox"));
+        frame->setGeometry(0, 0, 60, 60);
+        button(frame, "cmdA", {10, 10, 80, 30});
+    }) << QStringList{QStringLiteral("cmdA is cut by fraBox (50x30 of 80x30 shown)")};
+    QTest::newRow("caption and closed list cut")
+        << Build([](QWidget *w) {
+               button(w, "cmdA", {0, 0, 40, 30}, "A much longer caption");
+               auto *list = new QComboBox(w);
+               list->setObjectName(QStringLiteral("cmbList"));
+               list->addItem(QStringLiteral("An entry far too long for its box"));
+               list->setGeometry(0, 40, 90, 30);
+           })
+        << QStringList{QStringLiteral("cmdA shows its text cut"),
+                       QStringLiteral("cmbList shows its text cut")};
+}
+
+void TestLayoutCheck::findsWhatIsHidden()
+{
+    QFETCH(Build, build);
+    QFETCH(QStringList, expected);
+    QWidget window;
+    window.resize(200, 100);
+    build(&window);
+    const QStringList found = LayoutCheck::problems(&window);
+    QCOMPARE(found.size(), expected.size());
+    for (qsizetype i = 0; i < found.size(); ++i)
+        QVERIFY2(found[i].startsWith(expected[i]), qPrintable(found[i]));
+}
+
+void TestLayoutCheck::warningWindowFits()
+{
+    // The warning window grows with a long text rather than cutting it.
+    FundForm form(QStringLiteral("Budget Exceeded"),
+                  QStringLiteral("The category Groceries has $12.00 left, and this transaction "
+                                 "takes $1,250.00 from it. Continue anyway, or Cancel and choose "
+                                 "another category or a smaller amount?"));
+    form.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&form));
+    const QStringList found = LayoutCheck::problems(&form);
+    QVERIFY2(found.isEmpty(), qPrintable(found.join(QStringLiteral("; "))));
+}
+
+QTEST_MAIN(TestLayoutCheck)
+#include "tst_layoutcheck.moc"
