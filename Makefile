@@ -2,11 +2,12 @@
 #   make run    install what is missing, build, start the program
 #   make test   install what is missing, build, run every test headless
 #   make bench  build and run the benchmarks
+#   make manual-shots  take the user manual's pictures from the program (build/Help/shots)
 BUILD   ?= build
 JOBS    ?= $(shell nproc 2>/dev/null || echo 2)
 PACKAGES = cmake g++ make clang-format ccache qt6-base-dev libgl-dev libbenchmark-dev xvfb xauth poppler-utils hledger
 
-.PHONY: all deps configure build run test bench clean
+.PHONY: all deps configure build run test bench manual-shots clean
 
 all: build
 
@@ -33,6 +34,7 @@ build: configure
 	cmake --build $(BUILD) -j $(JOBS)
 
 run: build
+	@test -d $(BUILD)/Help/shots || cmake --build $(BUILD) --target manual_shots || true
 	$(BUILD)/quillmere $(ARGS)
 
 test: build
@@ -40,6 +42,9 @@ test: build
 
 bench: build
 	$(BUILD)/bench/quillmere_bench
+
+manual-shots: build
+	cmake --build $(BUILD) --target manual_shots
 
 clean:
 	rm -rf $(BUILD)

@@ -6,6 +6,8 @@
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QComboBox>
+#include <QDir>
+#include <QFileInfo>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QItemSelectionModel>
@@ -539,5 +541,15 @@ QString ScriptControls::gridRows(const QWidget *w, const QString &name, QStringL
                     + ScriptLine::quote(model->index(r, c).data(Qt::DisplayRole).toString());
         rows->append(line);
     }
+    return QString();
+}
+
+QString ScriptControls::saveImage(QWidget *w, const QString &name, const QString &path)
+{
+    if (!w->isVisible())
+        return QStringLiteral("%1 is not shown").arg(name);
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    if (!w->grab().save(path))
+        return QStringLiteral("cannot write the picture %1").arg(path);
     return QString();
 }

@@ -36,4 +36,6 @@ public:
     // The grid's rows, header first, each as its cells' texts in quotes. A list
     // box gives an empty heading row and then one row for each entry.
     static QString gridRows(const QWidget *w, const QString &name, QStringList *rows);
+    // Saves a picture of the control (or window) as drawn now, to a PNG file.
+    static QString saveImage(QWidget *w, const QString &name, const QString &path);
 };

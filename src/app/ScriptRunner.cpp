@@ -207,10 +207,10 @@ void ScriptRunner::execute(const QString &command, ScriptLine &args)
     }
 
     static const QStringList known
-        = {QStringLiteral("panel"), QStringLiteral("set"),  QStringLiteral("choose"),
-           QStringLiteral("click"), QStringLiteral("cell"), QStringLiteral("select"),
-           QStringLiteral("key"),   QStringLiteral("show"), QStringLiteral("grid"),
-           QStringLiteral("layout")};
+        = {QStringLiteral("panel"),  QStringLiteral("set"),       QStringLiteral("choose"),
+           QStringLiteral("click"),  QStringLiteral("cell"),      QStringLiteral("select"),
+           QStringLiteral("key"),    QStringLiteral("show"),      QStringLiteral("grid"),
+           QStringLiteral("layout"), QStringLiteral("screenshot")};
     if (!known.contains(command))
         fail(QStringLiteral("unknown command %1").arg(command));
     startOnce();
@@ -272,6 +272,14 @@ void ScriptRunner::execute(const QString &command, ScriptLine &args)
         done();
         m_interaction->writeLine(
             QStringLiteral("show %1 %2").arg(name, ScriptControls::describe(control(name))));
+    } else if (command == QStringLiteral("screenshot")) {
+        const QString file = args.rest();
+        done();
+        if (file.isEmpty())
+            fail(QStringLiteral("screenshot wants a window or control and a file, for example: "
+                                "screenshot MainForm shots/main.png"));
+        act(ScriptControls::saveImage(control(name), name,
+                                      QDir(m_options.appPath).absoluteFilePath(file)));
     } else if (command == QStringLiteral("grid")) {
         done();
         QStringList rows;
