@@ -3,12 +3,15 @@
 #include "accounts/AccountBook.h"
 #include "accounts/AccountEditor.h"
 #include "accounts/AccountsPanel.h"
+#include "app/AboutForm.h"
 #include "app/GeneralSettings.h"
+#include "app/HelpPanel.h"
 #include "app/WindowUtils.h"
 #include "budget/BudgetBook.h"
 #include "budget/BudgetPanel.h"
 #include "budget/BudgetTransferPanel.h"
 #include "core/Interaction.h"
+#include "core/UserManual.h"
 #include "reconcile/BalancingPanel.h"
 #include "register/ArchivePanel.h"
 #include "register/RegisterPanel.h"
@@ -17,8 +20,8 @@
 #include "transfers/TransferPanel.h"
 
 #include "ui/FlowLayout.h"
+#include "ui/WindowReport.h"
 #include <QComboBox>
-#include <QFrame>
 #include <QGridLayout>
 
 #include <QHBoxLayout>
@@ -124,6 +127,10 @@ QWidget *MainForm::buildTitleBar()
     connect(m_helpButton, &QPushButton::clicked, this,
             [this] { setHelpShown(m_settings.HelpShown == 0); });
 
+    auto *about = titleButton(QStringLiteral("About"), QStringLiteral("cmdAbout"), bar);
+    about->setToolTip(tr("The program's version and the system information"));
+    connect(about, &QPushButton::clicked, this, &MainForm::showAbout);
+
     auto *minimise = titleButton(QStringLiteral("_"), QStringLiteral("cmdMin"), bar);
     connect(minimise, &QPushButton::clicked, this, &QWidget::showMinimized);
     auto *maximise = titleButton(QStringLiteral("\u25A1"), QStringLiteral("cmdMax"), bar);
@@ -143,6 +150,7 @@ QWidget *MainForm::buildTitleBar()
     layout->addSpacing(12);
     layout->addWidget(m_sampleButton);
     layout->addWidget(m_helpButton);
+    layout->addWidget(about);
     layout->addSpacing(12);
     layout->addWidget(minimise);
     layout->addWidget(maximise);
@@ -425,26 +433,21 @@ DataSnapshot MainForm::readSnapshot() const
 
 QWidget *MainForm::buildHelpPanel()
 {
-    m_help = new QFrame(this);
-    m_help->setObjectName(QStringLiteral("picHelp"));
-    auto *text = new QLabel(
-        tr("<b>Getting started</b><br>"
-           "Add each of your accounts on the <i>Accounts</i> panel: pick its type, "
-           "give it a name, and enter the ending balance of your last bank statement "
-           "(or the first deposit of a new account).<br><br>"
-           "Credit cards start as a <i>Debit</i>: the money you owe.<br><br>"
-           "Click an account to open its register. Pick a type, date, payee and amount under "
-           "the register and press <i>Enter</i>; click a row to change it, or use "
-           "<i>Quick Entry</i> to enter a copy of it.<br><br><i>Sample Accts</i> opens a "
-           "ready-made set of accounts to try "
-           "things out with; <i>My Account</i> brings you back to your own."),
-        m_help);
-    text->setObjectName(QStringLiteral("lblHelpText"));
-    text->setWordWrap(true);
-    auto *layout = new QVBoxLayout(m_help);
-    layout->addWidget(text);
+    m_help = new HelpPanel(this);
+    connect(m_help, &HelpPanel::manualRequested, this, [this] { UserManual::open(m_interaction); });
     m_help->hide();
     return m_help;
+}
+
+void MainForm::showAbout()
+{
+    if (!m_about) {
+        m_about = new AboutForm(m_interaction, this);
+        WindowReport::watch(m_about, m_interaction);
+    }
+    m_about->setDataFiles(m_files);
+    m_about->show();
+    m_about->raise();
 }
 
 void MainForm::load()
@@ -597,6 +600,7 @@ void MainForm::showWorkPage(int page)
         && !m_register->mayLeave())
         page = m_work->currentIndex();
     m_work->setCurrentIndex(page);
+    m_help->follow(m_panels[page].id);
     for (int i = 0; i < m_panelButtons.size(); ++i)
         m_panelButtons[i]->setChecked(i == page);
     const PanelStates::Values state

@@ -13,7 +13,9 @@
 
 #include <functional>
 
+class AboutForm;
 class FlowLayout;
+class HelpPanel;
 class AccountEditor;
 class AccountsPanel;
 class ArchivePanel;
@@ -108,6 +110,8 @@ private:
     void saveSettings();
     void openDataSet();
     void setHelpShown(bool shown);
+    // cmdAbout: the about box (frmAbout).
+    void showAbout();
 
     Interaction &m_interaction;
     QString m_dataDir;
@@ -134,6 +138,7 @@ private:
     QPushButton *m_sampleButton = nullptr;
     QPushButton *m_helpButton = nullptr;
     QComboBox *m_period = nullptr;
-    QWidget *m_help = nullptr;
+    HelpPanel *m_help = nullptr;
+    AboutForm *m_about = nullptr;
     QLabel *m_title = nullptr;
 };

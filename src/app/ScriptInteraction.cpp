@@ -3,7 +3,9 @@
 #include "app/ScriptLine.h"
 #include "ui/ReportPainter.h"
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QUrl>
 
 #include <cstdio>
 #include <utility>
@@ -249,7 +251,17 @@ void ScriptInteraction::setClipboard(const QString &text)
 
 void ScriptInteraction::openUrl(const QString &url)
 {
-    writeLine(QStringLiteral("open url=") + ScriptLine::quote(url));
+    // A document of the program's own folder (the user manual) is named from
+    // that folder, so that the transcript reads the same wherever it is built.
+    QString shown = url;
+    const QUrl u(url);
+    if (u.isLocalFile()) {
+        const QString relative
+            = QDir(QCoreApplication::applicationDirPath()).relativeFilePath(u.toLocalFile());
+        if (!relative.startsWith(QLatin1String("..")))
+            shown = relative + (u.hasFragment() ? QLatin1Char('#') + u.fragment() : QString());
+    }
+    writeLine(QStringLiteral("open url=") + ScriptLine::quote(shown));
 }
 
 void ScriptInteraction::windowEvent(const QString &name, bool shown)

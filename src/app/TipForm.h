@@ -16,6 +16,8 @@ public:
     // The per-user setting ("Options", "Show Tips at Startup"), default 1.
     static int showTipsSetting();
     static void setShowTipsSetting(int value);
+    // The file that keeps the per-user settings.
+    static QString settingsFile();
 
 private:
     void showTip(int index);

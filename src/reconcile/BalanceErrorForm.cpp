@@ -1,17 +1,14 @@
 #include "reconcile/BalanceErrorForm.h"
 
 #include "core/Interaction.h"
+#include "core/UserManual.h"
 #include "reconcile/BalanceExplanation.h"
 #include "ui/Named.h"
 
-#include <QCoreApplication>
-#include <QDir>
-#include <QFileInfo>
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QUrl>
 #include <QVBoxLayout>
 
 BalanceErrorForm::Choice BalanceErrorForm::ask(Interaction &interaction, Currency registerStart,
@@ -71,11 +68,5 @@ BalanceErrorForm::BalanceErrorForm(Interaction &interaction, const QString &text
 
 void BalanceErrorForm::openManual()
 {
-    const QString path = QDir(QCoreApplication::applicationDirPath()).filePath(ManualPath);
-    if (!QFileInfo::exists(path)) {
-        m_interaction.message(tr("The user manual was not found at\n%1").arg(path),
-                              tr("User Manual"), Interaction::Icon::Exclamation);
-        return;
-    }
-    m_interaction.openUrl(QUrl::fromLocalFile(path).toString());
+    UserManual::open(m_interaction, UserManual::BalanceAccounts);
 }

@@ -25,10 +25,10 @@ public:
     inline static const QString CorrectAnswer = QStringLiteral("cmdbserr");
     inline static const QString UseAnswer = QStringLiteral("Use");
     inline static const QString CancelAnswer = QStringLiteral("Cancel");
-    inline static const QString ManualPath = QStringLiteral("Help/UserManual.htm");
 
 private:
     BalanceErrorForm(Interaction &interaction, const QString &text, QWidget *parent);
+    // Command1: the manual, at the section on balancing.
     void openManual();
 
     Interaction &m_interaction;
