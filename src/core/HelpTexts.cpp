@@ -102,6 +102,14 @@ QMap<QString, HelpTexts::Text> builtIn()
         {tr("Printing"),
          {tr("Choose Printer, Preview first or Save as PDF, then print the last transactions or "
              "a range of dates of a register, the account summary or the budget summary.")}});
+    texts.insert(
+        QStringLiteral("charts"),
+        {tr("Charts"),
+         {tr("Pick a Period (or From and To dates) and an Account, or All Accounts. The tabs show "
+             "spending by category, income against spending, the balance over time and the "
+             "budget against what was spent, each with its figures in the table beneath."),
+          tr("Click a spending bar or its row to search for its transactions in the period. "
+             "Print, Save as PNG and Save as PDF keep the chart shown.")}});
     return texts;
 }
 

@@ -62,9 +62,6 @@ void TestHelp::everyPanelHasItsHelp()
         QVERIFY(main->showPanel(id));
         QCOMPARE(text->toPlainText(), help.body());
     }
-    // A panel added later brings its own text.
-    HelpTexts::add(QStringLiteral("charts"), {QStringLiteral("Charts"), {QStringLiteral("x")}});
-    QVERIFY(HelpTexts::panelIds().contains(QStringLiteral("charts")));
 }
 
 void TestHelp::quotedLinesStandInTheirPanel_data()
