@@ -41,7 +41,7 @@ QByteArray write(const ExportSet &set, DateForm dates)
         const QStringList fields = {
             row.account,
             dateText(r.Date, ExportSet::date(r), dates),
-            r.Type.text().trimmed(),
+            ExportSet::typeText(r),
             number ? QString::number(*number) : QString(),
             r.Description.text().trimmed(),
             other.isEmpty() ? ExportSet::category(r) : QLatin1Char('[') + other + QLatin1Char(']'),

@@ -7,6 +7,8 @@
 #include "records/TransactionTypes.h"
 #include "register/CheckNumbers.h"
 
+#include <algorithm>
+
 namespace {
 
 QString rowKey(const QString &account, int recordNumber)
@@ -83,11 +85,19 @@ QString ExportSet::category(const TransRecord &r)
     return TransactionText::field(r, TransactionText::Field::Category);
 }
 
+QString ExportSet::typeText(const TransRecord &r)
+{
+    return checkNumber(r) ? QStringLiteral("Check") : r.Type.text().trimmed();
+}
+
 std::optional<qint64> ExportSet::checkNumber(const TransRecord &r)
 {
-    if (r.TypeNum != TransactionTypes::TypeNum::Check)
+    // A check keeps its number, and nothing else, in the type field.
+    const QString type = r.Type.text().trimmed();
+    if (type.isEmpty()
+        || !std::all_of(type.begin(), type.end(), [](QChar c) { return c.isDigit(); }))
         return std::nullopt;
-    return CheckNumbers::numberOfTypeText(r.Type.text().trimmed());
+    return CheckNumbers::numericValue(type);
 }
 
 QString ExportSet::otherAccount(const TransRecord &r)

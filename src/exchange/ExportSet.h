@@ -46,7 +46,9 @@ public:
     static bool isCleared(const TransRecord &r);
     // The category's name, or empty for an entry without one.
     static QString category(const TransRecord &r);
-    // The check number of a check.
+    // The type as a word: "Check" for a check, else the stored type.
+    static QString typeText(const TransRecord &r);
+    // The number of a check; nothing for any other entry.
     static std::optional<qint64> checkNumber(const TransRecord &r);
     // The account at the other end of a transfer or a card payment, seen from
     // the register that holds `r`; empty for any other entry.

@@ -56,7 +56,7 @@ private Q_SLOTS:
             QCOMPARE(got[2], QString("Main Checking,%1,Deposit,,\"Acme, Inc.\",Salary,"
                                      "\"Pay \"\"January\"\"\",2500.00,no,")
                                  .arg(iso ? "2026-01-02" : "01/02/2026"));
-            QCOMPARE(got[3], QString("Main Checking,%1,Check # 1001,1001,City  Water,Utilities,,"
+            QCOMPARE(got[3], QString("Main Checking,%1,Check,1001,City  Water,Utilities,,"
                                      "-45.50,yes,%2")
                                  .arg(iso ? "2026-01-03" : "01/03/2026",
                                       iso ? "2026-01-31" : "01/31/2026"));
