@@ -12,6 +12,7 @@
 #include "budget/BudgetTransferPanel.h"
 #include "core/Interaction.h"
 #include "core/UserManual.h"
+#include "exchange/ExportCommand.h"
 #include "reconcile/BalancingPanel.h"
 #include "register/ArchivePanel.h"
 #include "register/RegisterPanel.h"
@@ -170,6 +171,9 @@ QWidget *MainForm::buildWorkArea()
     m_work->setObjectName(QStringLiteral("picWorkArea"));
 
     m_register = new RegisterPanel(m_interaction, area);
+    m_register->addCommand(new ExportCommand(m_interaction, [this] {
+        return ExportCommand::registerSource(m_files, m_register->account());
+    }));
     m_transfers = new TransferPanel(m_interaction, area);
     m_budget = new BudgetPanel(m_interaction, area);
     m_budgetTransfers = new BudgetTransferPanel(m_interaction, area);

@@ -184,6 +184,10 @@ void RegisterPanel::setAccount(const BankAcctRecord &account, const DataSnapshot
     m_registerTitle->setText(account.BankNum == 0
                                  ? tr("No account yet: add one on the Accounts panel")
                                  : account.BankName.text());
+    // The commands beside the title need an account to work on.
+    for (int i = 0; i < m_commands->count(); ++i)
+        if (QWidget *command = m_commands->itemAt(i)->widget())
+            command->setVisible(account.BankNum != 0);
     m_viewRow->close();
     reloadLists(data);
     FillRegisterGrid();

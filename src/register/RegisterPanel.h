@@ -55,7 +55,7 @@ public:
     bool openAmountCalculator();
 
     // Puts a command of a higher layer (import, export) beside the
-    // register's title.
+    // register's title, shown while an account is current.
     void addCommand(QWidget *button);
 
     QTableView *grid() const { return m_grid; }

@@ -1,0 +1,75 @@
+#include "exchange/ExportCommand.h"
+
+#include "core/Interaction.h"
+
+#include <QDir>
+#include <QStandardPaths>
+
+const QString ExportCommand::DateWindow = QStringLiteral("frmExportDates");
+
+namespace {
+
+const QString IsoDates = QStringLiteral("yyyy-mm-dd");
+const QString UsDates = QStringLiteral("mm/dd/yyyy");
+
+} // namespace
+
+ExportCommand::ExportCommand(Interaction &interaction, std::function<Source()> source,
+                             QWidget *parent)
+    : QPushButton(tr("Export…"), parent), m_interaction(interaction), m_source(std::move(source))
+{
+    setObjectName(QStringLiteral("cmdExport"));
+    setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
+    setToolTip(tr("Write these transactions to a CSV, QIF or journal file (Ctrl+E)"));
+    connect(this, &QPushButton::clicked, this, [this] { run(); });
+}
+
+ExportCommand::Source ExportCommand::registerSource(const DataFiles &files,
+                                                    const BankAcctRecord &account)
+{
+    if (account.BankNum < 1)
+        return {};
+    return {account.BankName.text().trimmed(), [files, account](const QString &path, auto dates) {
+                return RegisterExport::exportRegister(files, account, path, dates);
+            }};
+}
+
+void ExportCommand::run()
+{
+    const Source source = m_source();
+    if (source.title.isEmpty() || !source.write) {
+        m_interaction.message(tr("There is nothing to export"), RegisterExport::Title,
+                              Interaction::Icon::Exclamation);
+        return;
+    }
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    const QString path = m_interaction.fileDialog(
+        Interaction::FileDialog::Save, tr("Export %1").arg(source.title),
+        QDir(folder).filePath(source.title + QStringLiteral(".csv")),
+        tr("CSV for a spreadsheet (*.csv);;QIF for a finance program (*.qif);;"
+           "Plain-text journal (*.journal)"));
+    if (path.isEmpty())
+        return;
+    const auto format = RegisterExport::formatOf(path);
+    if (!format) {
+        m_interaction.message(RegisterExport::UnknownEnding, RegisterExport::Title,
+                              Interaction::Icon::Exclamation);
+        return;
+    }
+    auto dates = CsvExport::DateForm::Iso;
+    if (*format == RegisterExport::Format::Csv) {
+        const QString chosen
+            = m_interaction.ask(DateWindow, tr("Write the dates of the CSV file as"),
+                                {IsoDates, UsDates}, RegisterExport::Title);
+        if (chosen.isEmpty())
+            return;
+        if (chosen == UsDates)
+            dates = CsvExport::DateForm::MonthDayYear;
+    }
+    const RegisterExport::Result result = source.write(path, dates);
+    if (!result.ok)
+        m_interaction.message(result.error, RegisterExport::Title, Interaction::Icon::Critical);
+    else
+        m_interaction.message(RegisterExport::doneText(result, path), RegisterExport::Title,
+                              Interaction::Icon::Information);
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "exchange/RegisterExport.h"
+#include "records/BankAcctRecord.h"
+#include "records/DataFiles.h"
+
+#include <QPushButton>
+
+#include <functional>
+
+class Interaction;
+
+// The "Export…" button (cmdExport): asks for a file through the interaction
+// seam, whose name's ending picks the format, asks the date form of a CSV
+// file, writes the transactions and says how it went.
+class ExportCommand : public QPushButton
+{
+    Q_OBJECT
+public:
+    // What to export when the button is pressed; a title of "" means nothing
+    // is there to export.
+    struct Source
+    {
+        QString title; // names the transactions in the dialog's title
+        std::function<RegisterExport::Result(const QString &path, CsvExport::DateForm dates)> write;
+    };
+    ExportCommand(Interaction &interaction, std::function<Source()> source,
+                  QWidget *parent = nullptr);
+
+    // The current account's register, read when the export runs.
+    static Source registerSource(const DataFiles &files, const BankAcctRecord &account);
+
+    static const QString DateWindow; // frmExportDates
+
+private:
+    void run();
+
+    Interaction &m_interaction;
+    std::function<Source()> m_source;
+};
