@@ -128,8 +128,9 @@ QWidget *MainForm::buildTitleBar()
     connect(m_helpButton, &QPushButton::clicked, this,
             [this] { setHelpShown(m_settings.HelpShown == 0); });
 
-    auto *about = titleButton(QStringLiteral("About"), QStringLiteral("cmdAbout"), bar);
-    about->setToolTip(tr("The program's version and the system information"));
+    // A small "?" keeps the title readable at 800 x 600.
+    auto *about = titleButton(QStringLiteral("?"), QStringLiteral("cmdAbout"), bar);
+    about->setToolTip(tr("About Quillmere: its version and the system information"));
     connect(about, &QPushButton::clicked, this, &MainForm::showAbout);
 
     auto *minimise = titleButton(QStringLiteral("_"), QStringLiteral("cmdMin"), bar);
