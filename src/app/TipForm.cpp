@@ -63,6 +63,8 @@ QStringList TipForm::tips()
            "still be read."),
         tr("Click the small arrow at the end of any amount box (or press F4) for a calculator with "
            "a paper tape."),
+        tr("Export (Ctrl+E) beside the register's title writes the whole register to a file a "
+           "spreadsheet or another finance program can read."),
         tr("Show Help in the title bar explains the panel in front of you; F1 opens the whole user "
            "manual."),
     };
