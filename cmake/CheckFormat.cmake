@@ -2,7 +2,7 @@
 # Fails, naming the files, when a source file is not laid out as .clang-format says.
 # Fix with: clang-format -i <file>
 file(GLOB_RECURSE sources ${ROOT}/src/*.cpp ${ROOT}/src/*.h ${ROOT}/tests/*.cpp ${ROOT}/tests/*.h
-     ${ROOT}/bench/*.cpp ${ROOT}/bench/*.h)
+     ${ROOT}/bench/*.cpp ${ROOT}/bench/*.h ${ROOT}/tools/*.cpp ${ROOT}/tools/*.h)
 set(bad "")
 foreach(f IN LISTS sources)
     execute_process(COMMAND ${CLANG_FORMAT} --style=file --dry-run -Werror ${f}
