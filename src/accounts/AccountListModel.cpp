@@ -1,5 +1,7 @@
 #include "accounts/AccountListModel.h"
 
+#include "ui/ThemeStyle.h"
+
 #include <QColor>
 #include <QFont>
 
@@ -68,7 +70,7 @@ QVariant AccountListModel::data(const QModelIndex &index, int role) const
             return QColor(HeadingColour & 0xFF, (HeadingColour >> 8) & 0xFF,
                           (HeadingColour >> 16) & 0xFF);
         if (index.column() == 1 && row.balance.startsWith(QLatin1Char('(')))
-            return QColor(0xB0, 0x1E, 0x1E);
+            return ThemeStyle::negative();
         return {};
     case Qt::FontRole:
         if (row.heading) {

@@ -15,8 +15,6 @@ public:
     QString save(const GenInfoRecord &record) const;
 
     static constexpr int MaxPanelState = 3;
-    // The theme a new settings file starts with.
-    static QString defaultTheme() { return QStringLiteral("Blue"); }
 
 private:
     QString m_dataDir;

@@ -19,9 +19,13 @@
 #include "reports/PrintPanel.h"
 #include "reports/SearchPanel.h"
 #include "transfers/TransferPanel.h"
+#include "ui/PictureButton.h"
+#include "ui/SwatchCombo.h"
+#include "ui/ThemeStyle.h"
 
 #include "ui/FlowLayout.h"
 #include "ui/WindowReport.h"
+#include <QApplication>
 #include <QComboBox>
 #include <QGridLayout>
 
@@ -34,27 +38,6 @@
 #include <QVBoxLayout>
 
 namespace {
-
-const char *Style = R"(
-#MainForm { background: #eef3f8; }
-#picTitleBar { background: #1f4e79; }
-#picTitleBar QLabel { color: white; font-weight: bold; font-size: 15px; }
-#picTitleBar QPushButton { color: white; background: #2e6aa3; border: 1px solid #5b8fc4;
-                           padding: 3px 10px; border-radius: 3px; }
-#picTitleBar QPushButton:hover { background: #3a7fc2; }
-#picTitleBar QComboBox { min-width: 100px; }
-QGroupBox { font-weight: bold; border: 1px solid #b8c7d6; border-radius: 4px; margin-top: 10px;
-            background: #f8fbfd; }
-QGroupBox::title { subcontrol-origin: margin; left: 8px; padding: 0 3px; }
-QTableView { background: white; gridline-color: #d5dee8; selection-background-color: #cfe3f7;
-             selection-color: black; }
-#lblNewBkError { color: #c0392b; }
-#picHelp { background: #fffbe6; border: 1px solid #e6d892; border-radius: 4px; }
-#picPanelButtons QPushButton { padding: 4px 9px; }
-#picPanelButtons QPushButton:checked { background: #1f4e79; color: white; border: 1px solid #1f4e79;
-                                       border-radius: 3px; }
-#picEntry { background: #f8fbfd; border: 1px solid #b8c7d6; border-radius: 4px; }
-)";
 
 QPushButton *titleButton(const QString &text, const QString &name, QWidget *parent)
 {
@@ -97,9 +80,10 @@ MainForm::MainForm(Interaction &interaction, const QString &dataDir, QWidget *pa
     layout->addWidget(buildTitleBar());
     layout->addLayout(body, 1);
 
-    // Set once every panel exists: a sheet set earlier is worked through again
-    // for each widget added under it.
-    setStyleSheet(QString::fromLatin1(Style));
+    // The colour scheme's pictures stand behind these.
+    for (QWidget *w : {static_cast<QWidget *>(this), static_cast<QWidget *>(m_accounts),
+                       static_cast<QWidget *>(m_register)})
+        w->setAttribute(Qt::WA_StyledBackground);
 }
 
 QWidget *MainForm::buildTitleBar()
@@ -133,15 +117,31 @@ QWidget *MainForm::buildTitleBar()
     about->setToolTip(tr("About Quillmere: its version and the system information"));
     connect(about, &QPushButton::clicked, this, &MainForm::showAbout);
 
-    auto *minimise = titleButton(QStringLiteral("_"), QStringLiteral("cmdMin"), bar);
-    connect(minimise, &QPushButton::clicked, this, &QWidget::showMinimized);
-    auto *maximise = titleButton(QStringLiteral("\u25A1"), QStringLiteral("cmdMax"), bar);
-    connect(maximise, &QPushButton::clicked, this,
-            [this] { isMaximized() ? showNormal() : showMaximized(); });
-    auto *close = titleButton(QStringLiteral("\u2715"), QStringLiteral("cmdExit"), bar);
-    connect(close, &QPushButton::clicked, this, &QWidget::close);
+    m_theme = new SwatchCombo(bar);
+    m_theme->setObjectName(QStringLiteral("cmbTheme"));
+    m_theme->setIconSize(QSize(28, 16));
+    for (const ThemeCatalogue::Theme &theme : ThemeCatalogue::all())
+        m_theme->addItem(ThemeStyle::swatch(theme), theme.name);
+    connect(m_theme, &QComboBox::activated, this,
+            [this](int index) { setTheme(m_theme->itemText(index)); });
+
+    const QString pictures = ThemeStyle::imagesFolder();
+    auto *minimise = new PictureButton(FramePictures::Kind::Min, pictures, bar);
+    minimise->setObjectName(QStringLiteral("cmdMin"));
+    minimise->setToolTip(tr("Minimise"));
+    connect(minimise, &QAbstractButton::clicked, this, &QWidget::showMinimized);
+    m_maximise = new PictureButton(FramePictures::Kind::Max, pictures, bar);
+    m_maximise->setObjectName(QStringLiteral("cmdMax"));
+    m_maximise->setToolTip(tr("Maximise"));
+    connect(m_maximise, &QAbstractButton::clicked, this, &MainForm::toggleMaximised);
+    auto *close = new PictureButton(FramePictures::Kind::Close, pictures, bar);
+    close->setObjectName(QStringLiteral("cmdExit"));
+    close->setToolTip(tr("Close Quillmere"));
+    connect(close, &QAbstractButton::clicked, this, &QWidget::close);
 
     auto *period = new QLabel(tr("Budget period"), bar);
+    m_periodLabel = period;
+    m_period->setToolTip(tr("Budget period"));
     period->setStyleSheet(QStringLiteral("font-weight: normal; font-size: 12px;"));
     auto *layout = new QHBoxLayout(bar);
     layout->setContentsMargins(10, 6, 6, 6);
@@ -153,10 +153,12 @@ QWidget *MainForm::buildTitleBar()
     layout->addWidget(m_sampleButton);
     layout->addWidget(m_helpButton);
     layout->addWidget(about);
+    layout->addWidget(m_theme);
     layout->addSpacing(12);
     layout->addWidget(minimise);
-    layout->addWidget(maximise);
+    layout->addWidget(m_maximise);
     layout->addWidget(close);
+    m_titleBar = bar;
     return bar;
 }
 
@@ -461,10 +463,11 @@ void MainForm::load()
     m_settings = general.load();
     m_sample = m_settings.SampleMode == 1;
 
-    const QString theme = m_settings.ThemeName.text().trimmed();
-    const QString wanted = theme.isEmpty() ? GeneralSettings::defaultTheme() : theme;
-    const bool themeChanged = wanted != m_settings.ThemeName.text();
-    m_settings.ThemeName = wanted;
+    // A name no scheme has (or none) falls back to the first scheme.
+    const QString theme = ThemeCatalogue::resolve(m_settings.ThemeName.text());
+    const bool themeChanged = theme != m_settings.ThemeName.text();
+    m_settings.ThemeName = theme;
+    setTheme(theme);
 
     // Panel states outside 0..3 are not ours to apply.
     m_settings.PanelState = PanelStates::sanitised(m_settings.PanelState);
@@ -481,6 +484,7 @@ void MainForm::openDataSet()
     m_sampleButton->setText(m_sample ? QStringLiteral("My Account")
                                      : QStringLiteral("Sample Accts"));
     m_title->setText(m_sample ? tr("Quillmere \u2014 Sample Accounts") : tr("Quillmere"));
+    fitTitleBar();
     const int period = m_sample ? m_settings.SamplePeriodIndex : m_settings.PeriodIndex;
     m_period->setCurrentIndex(period >= 0 && period < m_period->count() ? period : 0);
 
@@ -623,9 +627,81 @@ void MainForm::saveSettings()
     GeneralSettings(m_dataDir).save(m_settings);
 }
 
+void MainForm::setTheme(const QString &name)
+{
+    const ThemeCatalogue::Theme *theme = ThemeCatalogue::find(name);
+    if (!theme)
+        return;
+    m_theme->setCurrentText(name);
+    m_theme->setToolTip(tr("Colour theme: %1").arg(name));
+    ThemeStyle::apply(*theme);
+    if (m_settings.ThemeName.text() != name) {
+        m_settings.ThemeName = name;
+        saveSettings();
+    }
+}
+
+void MainForm::fitTitleBar()
+{
+    // On a narrow window the period box's caption gives way (the box keeps it
+    // as its tooltip) before the window's title would be cut.
+    m_periodLabel->setVisible(true);
+    if (m_titleBar->sizeHint().width() > width())
+        m_periodLabel->setVisible(false);
+}
+
+void MainForm::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    fitTitleBar();
+}
+
+void MainForm::toggleMaximised()
+{
+    isMaximized() ? showNormal() : showMaximized();
+}
+
+void MainForm::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::WindowStateChange) {
+        const bool maximised = isMaximized();
+        m_maximise->setKind(maximised ? FramePictures::Kind::Restore : FramePictures::Kind::Max);
+        m_maximise->setToolTip(maximised ? tr("Restore") : tr("Maximise"));
+    }
+    QWidget::changeEvent(event);
+}
+
+// The window is moved by its body and its title bar: a press that goes on to
+// move the mouse hands the move to the window manager, so a click or a double
+// click stays a click.
 void MainForm::mousePressEvent(QMouseEvent *event)
 {
     if (event->button() == Qt::LeftButton)
-        DragWindow(this);
+        m_pressedAt = event->globalPosition().toPoint();
     QWidget::mousePressEvent(event);
+}
+
+void MainForm::mouseMoveEvent(QMouseEvent *event)
+{
+    if ((event->buttons() & Qt::LeftButton) && !m_pressedAt.isNull()
+        && (event->globalPosition().toPoint() - m_pressedAt).manhattanLength()
+               >= QApplication::startDragDistance()) {
+        m_pressedAt = {};
+        DragWindow(this);
+    }
+    QWidget::mouseMoveEvent(event);
+}
+
+void MainForm::mouseReleaseEvent(QMouseEvent *event)
+{
+    m_pressedAt = {};
+    QWidget::mouseReleaseEvent(event);
+}
+
+void MainForm::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton
+        && m_titleBar->rect().contains(m_titleBar->mapFrom(this, event->position().toPoint())))
+        toggleMaximised();
+    QWidget::mouseDoubleClickEvent(event);
 }

@@ -27,6 +27,7 @@ class RegisterPanel;
 class SearchPanel;
 class TransferPanel;
 class Interaction;
+class PictureButton;
 class QComboBox;
 class QHBoxLayout;
 class QLabel;
@@ -80,12 +81,20 @@ public:
     void setEditLock(bool locked);
     bool editLock() const { return m_editLock; }
 
+    // cmbTheme: dresses the window in a colour scheme and keeps the choice.
+    void setTheme(const QString &name);
+
 Q_SIGNALS:
     // An operation was committed; every view but the one that did it follows.
     void dataChanged(const DataChange &change);
 
 protected:
+    void changeEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
 
 private:
     QWidget *buildTitleBar();
@@ -112,6 +121,8 @@ private:
     void setHelpShown(bool shown);
     // cmdAbout: the about box (frmAbout).
     void showAbout();
+    void toggleMaximised();
+    void fitTitleBar();
 
     Interaction &m_interaction;
     QString m_dataDir;
@@ -141,4 +152,9 @@ private:
     HelpPanel *m_help = nullptr;
     AboutForm *m_about = nullptr;
     QLabel *m_title = nullptr;
+    QWidget *m_titleBar = nullptr;
+    QLabel *m_periodLabel = nullptr;
+    QComboBox *m_theme = nullptr;
+    PictureButton *m_maximise = nullptr;
+    QPoint m_pressedAt; // of a left-button press that may become a move
 };

@@ -5,6 +5,7 @@
 #include "app/SampleData.h"
 #include "app/StartupChecks.h"
 #include "app/TipForm.h"
+#include "app/WindowPlacement.h"
 #include "app/WindowUtils.h"
 #include "core/Interaction.h"
 #include "records/UnitOfWork.h"
@@ -14,8 +15,39 @@
 #include <QGuiApplication>
 #include <QLockFile>
 #include <QScreen>
+#include <QSettings>
 
 #include <utility>
+
+namespace {
+
+// The main window's size and place are kept in the per-user settings (the
+// settings record of the data folder has no field for them).
+const QString GeometryKey = QStringLiteral("Window/Geometry");
+const QString MaximisedKey = QStringLiteral("Window/Maximised");
+
+QSettings userSettings()
+{
+    return QSettings(QStringLiteral("quillmere"));
+}
+
+// Puts the window where it was last; false when there is no usable place.
+bool restorePlacement(QWidget &window)
+{
+    const QSettings settings = userSettings();
+    const QRect remembered = settings.value(GeometryKey).toRect();
+    QList<QRect> screens;
+    for (const QScreen *screen : QGuiApplication::screens())
+        screens << screen->availableGeometry();
+    if (!placementUsable(remembered, screens))
+        return false;
+    window.setGeometry(remembered);
+    if (settings.value(MaximisedKey).toBool())
+        window.setWindowState(Qt::WindowMaximized);
+    return true;
+}
+
+} // namespace
 
 StartForm::StartForm(Options options, Interaction &interaction)
     : m_options(std::move(options)), m_interaction(interaction)
@@ -112,8 +144,13 @@ bool StartForm::start()
         size = size.boundedTo(s->availableGeometry().size());
     m_main->resize(size);
     m_main->load();
+    // A run on a screen of a given size (scripts, tests) neither reads nor
+    // keeps the place of the window; the first run opens centred.
+    m_remembersPlacement = !m_options.screen.isValid();
+    const bool restored = m_remembersPlacement && restorePlacement(*m_main);
     m_main->show();
-    CentreWindow(m_main.get());
+    if (!restored)
+        CentreWindow(m_main.get());
     if (showTips == 1) {
         m_tip = std::make_unique<TipForm>(m_main.get());
         WindowReport::watch(m_tip.get(), m_interaction);
@@ -128,6 +165,12 @@ void StartForm::stop()
     if (m_tip && m_tip->isVisible())
         m_tip->done(QDialog::Rejected); // reports the window closed
     m_tip.reset();
+    if (m_main && m_remembersPlacement) {
+        QSettings settings = userSettings();
+        settings.setValue(GeometryKey, m_main->normalGeometry());
+        settings.setValue(MaximisedKey, m_main->isMaximized());
+    }
+    m_remembersPlacement = false;
     if (m_main)
         m_main->close();
     m_main.reset();

@@ -43,4 +43,5 @@ private:
     std::unique_ptr<QLockFile> m_lock;
     std::unique_ptr<MainForm> m_main;
     std::unique_ptr<TipForm> m_tip;
+    bool m_remembersPlacement = false;
 };

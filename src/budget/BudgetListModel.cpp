@@ -1,6 +1,7 @@
 #include "budget/BudgetListModel.h"
 
 #include "budget/BudgetBook.h"
+#include "ui/ThemeStyle.h"
 
 #include <QColor>
 #include <QFont>
@@ -133,7 +134,7 @@ QVariant BudgetListModel::data(const QModelIndex &index, int role) const
         if (row.item >= 0)
             return QColor(0x55, 0x60, 0x70);
         if (index.column() == Balance && m_categories[row.category].Balance <= Currency())
-            return QColor(0xB0, 0x1E, 0x1E);
+            return ThemeStyle::negative();
         if (index.column() == Picture)
             return QColor(0x1F, 0x4E, 0x79);
         return {};

@@ -5,6 +5,7 @@
 
 #include "core/TransactionText.h"
 #include "register/ViewRange.h"
+#include "ui/ThemeStyle.h"
 
 #include <QColor>
 
@@ -159,7 +160,7 @@ QVariant RegisterModel::data(const QModelIndex &index, int role) const
                        ? QColor(0x1E, 0x7B, 0x34)
                        : QColor(0x90, 0x98, 0xA0);
         if (index.column() == Balance && m_balances[n - 1].isNegative())
-            return QColor(0xB0, 0x1E, 0x1E);
+            return ThemeStyle::negative();
         return {};
     default:
         return {};
