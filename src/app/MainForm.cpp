@@ -290,6 +290,9 @@ QWidget *MainForm::buildWorkArea()
               {}},
              m_archive);
     m_search = new SearchPanel(m_interaction, area);
+    m_search->addCommand(new ExportCommand(
+        m_interaction, [this] { return ExportCommand::searchSource(m_files, m_search->hits()); },
+        QStringLiteral("cmdSrchExport")));
     addPanel({QStringLiteral("search"),
               tr("Search"),
               QStringLiteral("cmdShowSearch"),

@@ -1,5 +1,6 @@
 #include "exchange/ExportCommand.h"
 
+#include "accounts/AccountBook.h"
 #include "core/Interaction.h"
 
 #include <QDir>
@@ -15,10 +16,10 @@ const QString UsDates = QStringLiteral("mm/dd/yyyy");
 } // namespace
 
 ExportCommand::ExportCommand(Interaction &interaction, std::function<Source()> source,
-                             QWidget *parent)
-    : QPushButton(tr("Export…"), parent), m_interaction(interaction), m_source(std::move(source))
+                             const QString &objectName)
+    : QPushButton(tr("Export…")), m_interaction(interaction), m_source(std::move(source))
 {
-    setObjectName(QStringLiteral("cmdExport"));
+    setObjectName(objectName);
     setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
     setToolTip(tr("Write these transactions to a CSV, QIF or journal file (Ctrl+E)"));
     connect(this, &QPushButton::clicked, this, [this] { run(); });
@@ -34,11 +35,28 @@ ExportCommand::Source ExportCommand::registerSource(const DataFiles &files,
             }};
 }
 
+ExportCommand::Source ExportCommand::searchSource(const DataFiles &files,
+                                                  const std::vector<TransactionSearch::Hit> &hits)
+{
+    if (hits.empty())
+        return {};
+    ExportSet set;
+    for (const BankAcctRecord &a :
+         AccountBook(files).readAll().value_or(std::vector<BankAcctRecord>{}))
+        if (!a.isDeleted())
+            set.addAccount(a);
+    for (const TransactionSearch::Hit &hit : hits)
+        set.addRow(hit.accountName, hit.recordNumber, hit.record);
+    return {tr("Search Results"), [set](const QString &path, auto dates) {
+                return RegisterExport::write(set, path, dates);
+            }};
+}
+
 void ExportCommand::run()
 {
     const Source source = m_source();
     if (source.title.isEmpty() || !source.write) {
-        m_interaction.message(tr("There is nothing to export"), RegisterExport::Title,
+        m_interaction.message(tr("There are no transactions to export"), RegisterExport::Title,
                               Interaction::Icon::Exclamation);
         return;
     }

@@ -3,6 +3,7 @@
 #include "exchange/RegisterExport.h"
 #include "records/BankAcctRecord.h"
 #include "records/DataFiles.h"
+#include "reports/TransactionSearch.h"
 
 #include <QPushButton>
 
@@ -25,10 +26,13 @@ public:
         std::function<RegisterExport::Result(const QString &path, CsvExport::DateForm dates)> write;
     };
     ExportCommand(Interaction &interaction, std::function<Source()> source,
-                  QWidget *parent = nullptr);
+                  const QString &objectName = QStringLiteral("cmdExport"));
 
     // The current account's register, read when the export runs.
     static Source registerSource(const DataFiles &files, const BankAcctRecord &account);
+    // The transactions a search found, each with its own account.
+    static Source searchSource(const DataFiles &files,
+                               const std::vector<TransactionSearch::Hit> &hits);
 
     static const QString DateWindow; // frmExportDates
 

@@ -76,6 +76,8 @@ Output write(const ExportSet &set)
                       .arg(simplified(set.accountsShown().join(QStringLiteral(", "))));
     for (const ExportSet::Row &row : set.rows()) {
         const TransRecord &r = row.record;
+        if (set.isSecondSide(row))
+            ++result.paired;
         if (ExportSet::isVoid(r) || set.isSecondSide(row))
             continue;
         const QDate date = ExportSet::date(r);

@@ -20,6 +20,7 @@ struct Output
     QByteArray bytes;
     int written = 0;
     int skipped = 0; // entries whose date could not be read
+    int paired = 0;  // second sides of transfers written with their first
 };
 
 Output write(const ExportSet &set);

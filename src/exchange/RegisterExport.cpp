@@ -59,6 +59,7 @@ Result write(const ExportSet &set, const QString &path, CsvExport::DateForm date
         bytes = out.bytes;
         result.written = out.written;
         result.skipped = out.skipped;
+        result.paired = out.paired;
         break;
     }
     }
@@ -96,6 +97,9 @@ QString doneText(const Result &result, const QString &path)
                    QFileInfo(path).fileName());
     if (result.skipped > 0)
         text += QStringLiteral(" %1 left out: the date could not be read.").arg(result.skipped);
+    if (result.paired > 0)
+        text += QStringLiteral(" Transfers and payments between two of the accounts are written "
+                               "once.");
     return text;
 }
 

@@ -29,6 +29,7 @@ struct Result
     QString error;
     int written = 0; // transactions written
     int skipped = 0; // entries left out because their date could not be read
+    int paired = 0;  // sides of transfers written once with their other side
 };
 
 // The set in the format of the path's ending, written to the path.

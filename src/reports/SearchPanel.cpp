@@ -115,13 +115,13 @@ SearchPanel::SearchPanel(Interaction &interaction, QWidget *parent)
     place(3, 2, caption(tr("Statement"), this), m_statement);
     place(4, 0, m_memoLabel, m_memo);
 
-    auto *buttons = new QHBoxLayout;
-    buttons->addWidget(m_search);
-    buttons->addWidget(m_clear);
-    buttons->addWidget(m_copy);
-    buttons->addWidget(m_errorButton);
-    buttons->addWidget(m_error, 1);
-    criteria->addLayout(buttons, 4, 2, 1, 4);
+    m_buttons = new QHBoxLayout;
+    m_buttons->addWidget(m_search);
+    m_buttons->addWidget(m_clear);
+    m_buttons->addWidget(m_copy);
+    m_buttons->addWidget(m_errorButton);
+    m_buttons->addWidget(m_error, 1);
+    criteria->addLayout(m_buttons, 4, 2, 1, 4);
 
     m_grid->setModel(m_results);
     m_grid->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -204,6 +204,17 @@ void SearchPanel::setData(const DataSnapshot &data)
             categories << c.BudName.text().trimmed();
     resetTo(m_category, categories, m_category->currentText());
     onAccountChosen();
+}
+
+void SearchPanel::addCommand(QWidget *button)
+{
+    button->setParent(this);
+    m_buttons->insertWidget(m_buttons->indexOf(m_copy) + 1, button);
+}
+
+const std::vector<TransactionSearch::Hit> &SearchPanel::hits() const
+{
+    return m_results->hits();
 }
 
 void SearchPanel::follow(const DataChange &change, const DataSnapshot &data)

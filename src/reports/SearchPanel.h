@@ -2,11 +2,13 @@
 
 #include "core/DataChange.h"
 #include "core/DataSnapshot.h"
+#include "reports/TransactionSearch.h"
 
 #include <QWidget>
 
 class Interaction;
 class QComboBox;
+class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -27,6 +29,9 @@ public:
     void setData(const DataSnapshot &data);
     // Follows an operation of another view.
     void follow(const DataChange &change, const DataSnapshot &data);
+    // Puts a command of a higher layer (export) beside Copy.
+    void addCommand(QWidget *button);
+    const std::vector<TransactionSearch::Hit> &hits() const;
 
 Q_SIGNALS:
     void transactionChosen(int bankNum, int recordNumber);
@@ -64,6 +69,7 @@ private:
     QPushButton *m_search;
     QPushButton *m_clear;
     QPushButton *m_copy;
+    QHBoxLayout *m_buttons = nullptr;
     QLabel *m_error;
     QPushButton *m_errorButton;
     QLabel *m_title;
