@@ -19,6 +19,7 @@
 #include "reports/PrintPanel.h"
 #include "reports/SearchPanel.h"
 #include "transfers/TransferPanel.h"
+#include "ui/GridScrollButtons.h"
 #include "ui/PictureButton.h"
 #include "ui/SwatchCombo.h"
 #include "ui/ThemeStyle.h"
@@ -177,6 +178,7 @@ QWidget *MainForm::buildWorkArea()
     m_register->addCommand(new ExportCommand(m_interaction, [this] {
         return ExportCommand::registerSource(m_files, m_register->account());
     }));
+    m_register->addCommand(new GridScrollButtons(m_register->grid(), ThemeStyle::imagesFolder()));
     m_transfers = new TransferPanel(m_interaction, area);
     m_budget = new BudgetPanel(m_interaction, area);
     m_budgetTransfers = new BudgetTransferPanel(m_interaction, area);

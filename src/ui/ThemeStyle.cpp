@@ -137,15 +137,22 @@ QColor negative()
 
 QIcon swatch(const Theme &t)
 {
-    // The title bar's colour over the body's, with the accent as a stripe.
-    QPixmap pixmap(28, 16);
-    pixmap.fill(colour(t.window));
-    QPainter p(&pixmap);
-    p.fillRect(0, 0, 28, 7, colour(t.title));
-    p.fillRect(3, 10, 22, 3, colour(t.accent));
-    p.setPen(colour(gridLine(t)));
-    p.drawRect(0, 0, 27, 15);
-    return QIcon(pixmap);
+    // The title bar's colour over the body's, with the accent as a stripe;
+    // drawn at twice the size as well for screens of twice the density.
+    QIcon icon;
+    for (const int scale : {1, 2}) {
+        QPixmap pixmap(28 * scale, 16 * scale);
+        pixmap.setDevicePixelRatio(scale);
+        pixmap.fill(colour(t.window));
+        QPainter p(&pixmap);
+        p.fillRect(QRectF(0, 0, 28, 7), colour(t.title));
+        p.fillRect(QRectF(3, 10, 22, 3), colour(t.accent));
+        p.setPen(QPen(colour(gridLine(t)), 1.0 / scale));
+        p.drawRect(QRectF(0.5 / scale, 0.5 / scale, 28 - 1.0 / scale, 16 - 1.0 / scale));
+        p.end();
+        icon.addPixmap(pixmap);
+    }
+    return icon;
 }
 
 } // namespace ThemeStyle
