@@ -30,7 +30,8 @@ ExportCommand::Source ExportCommand::registerSource(const DataFiles &files,
 {
     if (account.BankNum < 1)
         return {};
-    return {account.BankName.text().trimmed(), [files, account](const QString &path, auto dates) {
+    return {account.BankName.text().trimmed(), files.dataDir(),
+            [files, account](const QString &path, auto dates) {
                 return RegisterExport::exportRegister(files, account, path, dates);
             }};
 }
@@ -47,7 +48,7 @@ ExportCommand::Source ExportCommand::searchSource(const DataFiles &files,
             set.addAccount(a);
     for (const TransactionSearch::Hit &hit : hits)
         set.addRow(hit.accountName, hit.recordNumber, hit.record);
-    return {tr("Search Results"), [set](const QString &path, auto dates) {
+    return {tr("Search Results"), files.dataDir(), [set](const QString &path, auto dates) {
                 return RegisterExport::write(set, path, dates);
             }};
 }
@@ -69,9 +70,9 @@ void ExportCommand::run()
     if (path.isEmpty())
         return;
     const auto format = RegisterExport::formatOf(path);
-    if (!format) {
-        m_interaction.message(RegisterExport::UnknownEnding, RegisterExport::Title,
-                              Interaction::Icon::Exclamation);
+    if (!format || RegisterExport::inDataFolder(path, source.dataDir)) {
+        m_interaction.message(format ? RegisterExport::InDataFolder : RegisterExport::UnknownEnding,
+                              RegisterExport::Title, Interaction::Icon::Exclamation);
         return;
     }
     auto dates = CsvExport::DateForm::Iso;

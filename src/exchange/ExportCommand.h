@@ -23,6 +23,7 @@ public:
     struct Source
     {
         QString title; // names the transactions in the dialog's title
+        QString dataDir;
         std::function<RegisterExport::Result(const QString &path, CsvExport::DateForm dates)> write;
     };
     ExportCommand(Interaction &interaction, std::function<Source()> source,

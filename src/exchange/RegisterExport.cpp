@@ -35,6 +35,17 @@ std::optional<Format> formatOf(const QString &path)
     return std::nullopt;
 }
 
+bool inDataFolder(const QString &path, const QString &dataDir)
+{
+    auto canonical = [](const QString &dir) {
+        const QString c = QFileInfo(dir).canonicalFilePath();
+        return QDir::cleanPath(c.isEmpty() ? QFileInfo(dir).absoluteFilePath() : c);
+    };
+    const QString folder = canonical(dataDir);
+    QString at = canonical(QFileInfo(path).absolutePath());
+    return at == folder || at.startsWith(folder + QLatin1Char('/'));
+}
+
 Result write(const ExportSet &set, const QString &path, CsvExport::DateForm dates)
 {
     const auto format = formatOf(path);

@@ -21,7 +21,13 @@ inline const QString Title = QStringLiteral("Export");
 inline const QString UnknownEnding
     = QStringLiteral("Choose a file name ending in .csv, .qif or .journal");
 
+inline const QString InDataFolder = QStringLiteral(
+    "Choose a folder outside the data folder: the files there are Quillmere's own");
+
 std::optional<Format> formatOf(const QString &path);
+// Whether the path names a file in the data folder (or below it), where an
+// export could take the place of one of the program's own files.
+bool inDataFolder(const QString &path, const QString &dataDir);
 
 struct Result
 {

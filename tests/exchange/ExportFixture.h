@@ -63,7 +63,7 @@ struct ExportFixture
          "Norm Trans", ""},
         {" 1001", 6, "01/03/2026", "City  Water", "Utilities", "", -4550, "Norm Trans",
          "01/31/2026"},
-        {"Debit Card", 8, "01/04/2026", "Grocer", "Food", "", -8210, "Norm Trans", ""},
+        {"Debit Card", 8, "01/04/2026", "Café Grocer", "Food", "", -8210, "Norm Trans", ""},
         {"Withdrawal", 7, "01/05/2026", "To savings", "", "", -20000, "Transfer From", "",
          "Main Checking", "Rainy Day", 5},
         {"Deposit", 1, "01/06/2026", "From savings", "", "", 5000, "Transfer To", "", "Rainy Day",

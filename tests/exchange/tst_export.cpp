@@ -72,12 +72,13 @@ private Q_SLOTS:
     {
         ExportFixture f;
         const QifExport::Output out = QifExport::write(f.checkingSet());
-        QCOMPARE(out.written, 7); // the void is left out
+        QVERIFY(out.bytes.contains("PCaf\xc3\xa9 Grocer")); // UTF-8
+        QCOMPARE(out.written, 7);                           // the void is left out
         QCOMPARE(lines(out.bytes, "\r\n").join('|'),
                  "!Type:Bank|D01/01/2026|T1000.00|CX|PNew Account|MInitial deposit|"
                  "L[Main Checking]|^|D01/02/2026|T2500.00|PAcme, Inc.|MPay \"January\"|LSalary|^|"
                  "D01/03/2026|T-45.50|CX|N1001|PCity  Water|LUtilities|^|"
-                 "D01/04/2026|T-82.10|PGrocer|LFood|^|D01/05/2026|T-200.00|PTo savings|"
+                 "D01/04/2026|T-82.10|PCafé Grocer|LFood|^|D01/05/2026|T-200.00|PTo savings|"
                  "L[Rainy Day]|^|D01/06/2026|T50.00|PFrom savings|L[Rainy Day]|^|"
                  "D01/07/2026|T-300.00|PVisa payment|L[Visa; Gold]|^");
         const QStringList card = lines(QifExport::write(f.cardSet()).bytes, "\r\n");
@@ -167,6 +168,26 @@ private Q_SLOTS:
             = RegisterExport::write(f.checkingSet(), dir.filePath("no such folder/a.csv"));
         QVERIFY(failed.error.startsWith("Could not write a.csv: "));
         QCOMPARE(QDir(dir.path()).entryList(QDir::Files), QStringList({"old.qif"}));
+
+        // Nothing is written among the program's own files.
+        const QString data = dir.filePath("Data");
+        QVERIFY(RegisterExport::inDataFolder(data + "/Quillmere.journal", data));
+        QVERIFY(RegisterExport::inDataFolder(data + "/sub/../a.csv", data));
+        QVERIFY(!RegisterExport::inDataFolder(data + " copy/a.csv", data));
+        QVERIFY(!RegisterExport::inDataFolder(dir.filePath("a.csv"), data));
+    }
+
+    // An entry whose stored date is no date keeps its text in a CSV file and
+    // is left out, and counted, where a date is required.
+    void unreadableDate()
+    {
+        ExportFixture f;
+        f.checking[1].Date = QString("13/45/2026");
+        ExportSet set = f.checkingSet();
+        QVERIFY(CsvExport::write(set, CsvExport::DateForm::Iso).contains(",13/45/2026,Deposit,"));
+        QCOMPARE(QifExport::write(set).skipped, 1);
+        QCOMPARE(JournalExport::write(set).skipped, 1);
+        QVERIFY(!JournalExport::write(set).bytes.contains("Acme"));
     }
 };
 
