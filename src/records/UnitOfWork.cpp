@@ -231,7 +231,16 @@ QString UnitOfWork::fileName(const QString &path) const
 void UnitOfWork::write(const QString &path, int recordLength, int n, const QByteArray &record)
 {
     Q_ASSERT(record.size() == recordLength && n >= 1);
-    m_writes.push_back({fileName(path), qint64(n - 1) * recordLength, record});
+    const QString name = fileName(path);
+    const qint64 offset = qint64(n - 1) * recordLength;
+    const auto [at, added] = m_writeAt.try_emplace({name, offset}, m_writes.size());
+    if (!added) {
+        m_writes[at->second].bytes = record;
+        return;
+    }
+    m_writes.push_back({name, offset, record});
+    qint64 &end = m_writeEnd[name];
+    end = std::max(end, offset + recordLength);
 }
 
 int UnitOfWork::count(const QString &path, int recordLength) const
@@ -244,11 +253,10 @@ int UnitOfWork::count(const QString &path, int recordLength) const
         if (r.to == name)
             diskCount = RawRecordFile::countFor(
                 QFileInfo(m_dataDir + QLatin1Char('/') + r.from).size(), recordLength);
-    int highest = diskCount;
-    for (const Write &w : m_writes)
-        if (w.file == name)
-            highest = std::max<qint64>(highest, w.offset / recordLength + 1);
-    return highest;
+    const auto end = m_writeEnd.find(name);
+    if (end == m_writeEnd.end())
+        return diskCount;
+    return std::max<qint64>(diskCount, (end->second + recordLength - 1) / recordLength);
 }
 
 int UnitOfWork::append(const QString &path, int recordLength, const QByteArray &record)
@@ -279,9 +287,8 @@ QByteArray UnitOfWork::read(const QString &path, int recordLength, int n) const
 {
     const QString name = fileName(path);
     const qint64 offset = qint64(n - 1) * recordLength;
-    for (auto it = m_writes.rbegin(); it != m_writes.rend(); ++it)
-        if (it->file == name && it->offset == offset)
-            return it->bytes;
+    if (const auto at = m_writeAt.find({name, offset}); at != m_writeAt.end())
+        return m_writes[at->second].bytes;
     RawRecordFile file(m_dataDir + QLatin1Char('/') + onDisk(name), recordLength);
     return file.read(n);
 }
@@ -425,6 +432,8 @@ bool UnitOfWork::commit()
         deleteRemoved(m_dataDir);
     }
     m_writes.clear();
+    m_writeAt.clear();
+    m_writeEnd.clear();
     m_renames.clear();
     return true;
 }

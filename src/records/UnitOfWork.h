@@ -7,6 +7,8 @@
 #include <QString>
 
 #include <functional>
+#include <map>
+#include <utility>
 #include <vector>
 
 // Collects every write of one user operation and makes them reach the disk
@@ -125,6 +127,11 @@ private:
 
     QString m_dataDir;
     std::vector<Write> m_writes;
+    // Where each pending record lies in m_writes, and how far each file reaches:
+    // a record written again replaces its pending image, so an operation that
+    // moves the same balance thousands of times stays linear.
+    std::map<std::pair<QString, qint64>, std::size_t> m_writeAt;
+    std::map<QString, qint64> m_writeEnd;
     std::vector<Rename> m_renames;
     QString m_error;
 };
