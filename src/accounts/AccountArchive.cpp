@@ -100,6 +100,9 @@ AccountArchive::Result AccountArchive::RemoveAccount(int bankNum, int mode)
         unit.write(m_files.payees(), int(i) + 1, freed);
     }
 
+    // The record of bank downloads goes with the account either way.
+    unit.remove(m_files.importedIds(name));
+
     Result result;
     if (mode == ArchiveMode) {
         result.archNum = ArchiveList::addEntry(unit, m_files, typeCode, name);

@@ -178,6 +178,9 @@ AccountService::Result AccountService::rename(int bankNum, const QString &newNam
     const bool oldUsable = !AccountNames::damagedNotice(oldName);
     if (oldUsable && QFileInfo::exists(oldRegister))
         unit.rename(oldRegister, newRegister);
+    // What bank downloads brought in stays with the account.
+    if (oldUsable && QFileInfo::exists(m_files.importedIds(oldName)))
+        unit.rename(m_files.importedIds(oldName), m_files.importedIds(name));
 
     BankAcctRecord acct = old;
     acct.BankName = name;

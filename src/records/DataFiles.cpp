@@ -64,3 +64,8 @@ QString DataFiles::archivedRegisterFile(const QString &accountName) const
 {
     return inData(QStringLiteral("Archive ") + trimEnd(accountName) + QStringLiteral(".Dat"));
 }
+
+QString DataFiles::importedIds(const QString &accountName) const
+{
+    return inData(QStringLiteral("Imported ") + trimEnd(accountName) + QStringLiteral(".ids"));
+}

@@ -23,6 +23,8 @@ public:
     // "trans " + name + ".Dat"; the name is trimmed of trailing blanks.
     QString registerFile(const QString &accountName) const;
     QString archivedRegisterFile(const QString &accountName) const;
+    // "Imported " + name + ".ids": what bank downloads brought into the account.
+    QString importedIds(const QString &accountName) const;
 
 private:
     QString inData(const QString &fileName) const;

@@ -5,6 +5,7 @@
 #include "records/BudgetRecord.h"
 #include "records/BudgetTransRecord.h"
 #include "records/GenInfoRecord.h"
+#include "records/ImportedIdRecord.h"
 #include "records/PayeeRecord.h"
 #include "records/RawRecordFile.h"
 #include "records/TransRecord.h"
@@ -68,6 +69,8 @@ int Journal::recordLengthOf(const QString &name)
         return PayeeRecord::Size;
     if (base == QLatin1String("Archive.Dat"))
         return ArchiveRecord::Size;
+    if (name.startsWith(QLatin1String("Imported ")) && name.endsWith(QLatin1String(".ids")))
+        return ImportedIdRecord::Size;
     const bool dat = name.endsWith(QLatin1String(".Dat"));
     if (dat
         && (name.startsWith(QLatin1String("trans ")) || name.startsWith(QLatin1String("Archive "))))
