@@ -13,6 +13,7 @@
 #include "core/Interaction.h"
 #include "core/UserManual.h"
 #include "exchange/ExportCommand.h"
+#include "exchange/ImportForm.h"
 #include "reconcile/BalancingPanel.h"
 #include "register/ArchivePanel.h"
 #include "register/RegisterPanel.h"
@@ -34,6 +35,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QTableView>
 #include <QVBoxLayout>
@@ -175,6 +177,19 @@ QWidget *MainForm::buildWorkArea()
     m_work->setObjectName(QStringLiteral("picWorkArea"));
 
     m_register = new RegisterPanel(m_interaction, area);
+    // Bank downloads come in from the register's own command.
+    auto *importButton = new QPushButton(tr("Import…"));
+    importButton->setObjectName(QStringLiteral("cmdImport"));
+    connect(importButton, &QPushButton::clicked, this, [this] {
+        if (m_current.BankNum == 0 || !m_register->mayLeave())
+            return m_interaction.beep();
+        if (auto *form = ImportForm::start(m_interaction, m_files, m_current, this))
+            connect(form, &ImportForm::dataChanged, this, &MainForm::dataChanged);
+    });
+    m_register->addCommand(importButton);
+    // Ctrl+I works wherever the button can be seen, and clicks it at once.
+    auto *importKey = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_I), importButton);
+    connect(importKey, &QShortcut::activated, importButton, &QPushButton::click);
     m_register->addCommand(new ExportCommand(m_interaction, [this] {
         return ExportCommand::registerSource(m_files, m_register->account());
     }));

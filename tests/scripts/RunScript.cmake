@@ -7,6 +7,7 @@
 #   #! --screen 799x600          extra options for quillmere (replace the defaults of the same name)
 #   #! setting GROUP/KEY=VALUE   a per-user setting written before the run, e.g.
 #                                #! setting Options/Show Tips at Startup=0
+#   #! copy PATH                 a file (relative to the script) copied into the home folder
 # The expected transcript is the script's name with ".expected" in place of ".qms".
 # Optional: -DSCREEN=WxH overrides the script's screen, -DPLATFORM=xcb runs on
 # the display in $DISPLAY instead of offscreen, -DPICTURES=dir keeps a picture
@@ -36,6 +37,8 @@ foreach(line IN LISTS directives)
         # $XDG_CONFIG_HOME/quillmere.conf, as QSettings writes it: blanks in keys as %20.
         string(REPLACE " " "%20" key "${CMAKE_MATCH_2}")
         string(APPEND conf "[${CMAKE_MATCH_1}]\n${key}=${CMAKE_MATCH_3}\n")
+    elseif(line MATCHES "^copy[ \t]+(.+)$")
+        file(COPY "${dir}/${CMAKE_MATCH_1}" DESTINATION "${run_dir}/home")
     elseif(NOT line STREQUAL "")
         message(FATAL_ERROR "${SCRIPT}: unknown directive: #! ${line}")
     endif()
