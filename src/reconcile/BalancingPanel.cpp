@@ -1,6 +1,7 @@
 #include "reconcile/BalancingPanel.h"
 
 #include "calculator/AmountCalculator.h"
+#include "ui/ColumnFit.h"
 #include "ui/FlowLayout.h"
 #include "ui/MoneyBox.h"
 
@@ -58,7 +59,10 @@ BalancingPanel::BalancingPanel(Interaction &interaction, QWidget *parent)
 
     m_caption = named(new QLabel(this), "lblBSCaption");
     m_caption->setStyleSheet(QStringLiteral("font-weight: bold;"));
+    // A long account name takes a second line rather than the statement list's room.
+    m_caption->setWordWrap(true);
     m_statements = named(new QComboBox(this), "cmbBSDate");
+    m_statements->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     connect(m_statements, &QComboBox::activated, this, &BalancingPanel::onStatementChosen);
     m_help = named(new QLabel(HelpText, this), "lblBSHelp");
     m_help->setWordWrap(true);
@@ -76,6 +80,11 @@ BalancingPanel::BalancingPanel(Interaction &interaction, QWidget *parent)
     m_grid->setWordWrap(false);
     m_grid->setColumnHidden(StatementModel::RecNum, true);
     m_grid->horizontalHeader()->setMinimumSectionSize(20);
+    using C = ColumnFit::Column;
+    ColumnFit::install(m_grid, {C{ColumnFit::Content, 28}, C{ColumnFit::Share, 52, 130},
+                                C{ColumnFit::Content}, C{ColumnFit::Share, 64, 400},
+                                C{ColumnFit::Share, 40, 180}, C{ColumnFit::Share, 40, 300},
+                                C{ColumnFit::Content}, C{ColumnFit::Content}});
     connect(m_grid, &QTableView::clicked, this, &BalancingPanel::onCellClicked);
     m_grid->installEventFilter(this);
 
@@ -176,25 +185,6 @@ QWidget *BalancingPanel::buildTotals()
     grid->addWidget(m_ok, 2, 3);
     grid->addWidget(m_cancel, 2, 4);
     return box;
-}
-
-void BalancingPanel::resizeEvent(QResizeEvent *event)
-{
-    QWidget::resizeEvent(event);
-    const QFontMetrics metrics = m_grid->fontMetrics();
-    const int money = metrics.horizontalAdvance(QStringLiteral("$9,999,999.99")) + 8;
-    const int date = metrics.horizontalAdvance(QStringLiteral("00/00/00")) + 14;
-    const int tick = 28;
-    const int width = m_grid->viewport()->width() > 0 ? m_grid->width() - 22 : 600;
-    const int rest = std::max(200, width - tick - date - 2 * money);
-    m_grid->setColumnWidth(StatementModel::Tick, tick);
-    m_grid->setColumnWidth(StatementModel::Date, date);
-    m_grid->setColumnWidth(StatementModel::Deposit, money);
-    m_grid->setColumnWidth(StatementModel::Withdrawal, money);
-    m_grid->setColumnWidth(StatementModel::Type, rest * 22 / 100);
-    m_grid->setColumnWidth(StatementModel::Payee, rest * 36 / 100);
-    m_grid->setColumnWidth(StatementModel::Category, rest * 21 / 100);
-    m_grid->setColumnWidth(StatementModel::Memo, rest - rest * 79 / 100);
 }
 
 void BalancingPanel::setDataFiles(const DataFiles &files)

@@ -68,7 +68,6 @@ protected:
     // Space on the list ticks the current row.
     bool eventFilter(QObject *watched, QEvent *event) override;
     // The columns share the list's width; money columns keep room for a figure.
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     QWidget *buildFigures();

@@ -5,6 +5,7 @@
 
 #include "core/TransactionText.h"
 #include "register/ViewRange.h"
+#include "ui/ColumnFit.h"
 #include "ui/ThemeStyle.h"
 
 #include <QColor>
@@ -222,7 +223,12 @@ void RegisterModel::layOutColumns(QTableView *grid)
     grid->setWordWrap(false);
     QHeaderView *header = grid->horizontalHeader();
     header->setMinimumSectionSize(18);
-    for (int c = 0; c < ColumnCount; ++c)
-        header->resizeSection(c, ColumnWidths[c]);
-    header->setSectionResizeMode(Payee, QHeaderView::Stretch);
+    using C = ColumnFit::Column;
+    // The cleared date is the one column that may lie past the right edge
+    // when the grid is narrow: the amounts and the balance come first.
+    ColumnFit::install(grid, {C{ColumnFit::Content, 18}, C{ColumnFit::Share, 52, 130},
+                              C{ColumnFit::Content}, C{ColumnFit::Share, 64, 400},
+                              C{ColumnFit::Share, 40, 180}, C{ColumnFit::Share, 40, 300},
+                              C{ColumnFit::Content}, C{ColumnFit::Content}, C{ColumnFit::Content},
+                              C{ColumnFit::Overflow}});
 }

@@ -34,9 +34,8 @@ public:
         DateCleared
     };
     static constexpr int ColumnCount = 10;
-    // The columns' widths in pixels when a grid first shows them.
-    static constexpr int ColumnWidths[ColumnCount] = {18, 76, 68, 140, 70, 66, 72, 76, 80, 76};
-    // Gives a grid that shows this model the register's rows and columns.
+    // Gives a grid that shows this model the register's rows and columns:
+    // the dates and amounts whole, the texts sharing the rest of the width.
     static void layOutColumns(QTableView *grid);
 
     enum Role {

@@ -1,5 +1,7 @@
-// The layout check names what a user could not see whole, and nothing else.
+// The layout check names what a user could not see whole, and nothing else;
+// grids share out their width so that what must be seen whole is.
 
+#include "ui/ColumnFit.h"
 #include "ui/FundForm.h"
 #include "ui/LayoutCheck.h"
 
@@ -7,6 +9,10 @@
 #include <QFrame>
 #include <QLabel>
 #include <QPushButton>
+#include <QSettings>
+#include <QStandardItemModel>
+#include <QTableView>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <functional>
@@ -19,6 +25,9 @@ private Q_SLOTS:
     void findsWhatIsHidden_data();
     void findsWhatIsHidden();
     void warningWindowFits();
+    void columnWidths_data();
+    void columnWidths();
+    void userWidthsAreKept();
 };
 
 using Build = std::function<void(QWidget *window)>;
@@ -99,6 +108,55 @@ void TestLayoutCheck::warningWindowFits()
     QVERIFY(QTest::qWaitForWindowExposed(&form));
     const QStringList found = LayoutCheck::problems(&form);
     QVERIFY2(found.isEmpty(), qPrintable(found.join(QStringLiteral("; "))));
+}
+
+void TestLayoutCheck::columnWidths_data()
+{
+    QTest::addColumn<int>("room");
+    QTest::addColumn<QList<int>>("chosen");
+    QTest::addColumn<QList<int>>("expected");
+    // Columns: an amount (Content), two texts (Share, at least 40) and a
+    // cleared date (Overflow), wanting 50, 100, 60 and 70 pixels.
+    const QList<int> none{0, 0, 0, 0};
+    QTest::newRow("room to spare goes to the texts") << 400 << none << QList<int>{50, 175, 105, 70};
+    QTest::newRow("short: texts in proportion") << 250 << none << QList<int>{50, 81, 48, 70};
+    QTest::newRow("shorter: the date goes past the edge, a text keeps its minimum")
+        << 150 << none << QList<int>{50, 60, 40, 70};
+    QTest::newRow("a width the user chose stays")
+        << 400 << QList<int>{0, 120, 0, 0} << QList<int>{50, 120, 160, 70};
+}
+
+void TestLayoutCheck::columnWidths()
+{
+    QFETCH(int, room);
+    QFETCH(QList<int>, chosen);
+    QFETCH(QList<int>, expected);
+    using C = ColumnFit::Column;
+    const QList<C> columns{C{ColumnFit::Content}, C{ColumnFit::Share, 40}, C{ColumnFit::Share, 40},
+                           C{ColumnFit::Overflow}};
+    QCOMPARE(ColumnFit::widths(columns, {50, 100, 60, 70}, chosen, room), expected);
+}
+
+void TestLayoutCheck::userWidthsAreKept()
+{
+    QTemporaryDir config;
+    qputenv("XDG_CONFIG_HOME", config.path().toLocal8Bit());
+    QSettings(QStringLiteral("quillmere"))
+        .setValue(QStringLiteral("Columns/flxgdTest"),
+                  QStringList{QStringLiteral("0"), QStringLiteral("150")});
+    QStandardItemModel model(3, 2);
+    model.setItem(0, 0, new QStandardItem(QStringLiteral("A payee")));
+    QTableView grid;
+    grid.setObjectName(QStringLiteral("flxgdTest"));
+    grid.setModel(&model);
+    grid.resize(400, 200);
+    auto *fit = ColumnFit::install(&grid, {{ColumnFit::Share}, {ColumnFit::Share}});
+    grid.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&grid));
+    fit->fit();
+    QCOMPARE(grid.columnWidth(1), 150);
+    QCOMPARE(fit->chosenWidths(), (QList<int>{0, 150}));
+    QVERIFY(grid.columnWidth(0) > 150); // the rest of the room
 }
 
 QTEST_MAIN(TestLayoutCheck)
