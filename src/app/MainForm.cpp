@@ -146,6 +146,8 @@ QWidget *MainForm::buildTitleBar()
     m_periodLabel = period;
     m_period->setToolTip(tr("Budget period"));
     period->setStyleSheet(QStringLiteral("font-weight: normal; font-size: 12px;"));
+    // On a narrow window the caption takes two lines, leaving the title whole.
+    period->setWordWrap(true);
     auto *layout = new QHBoxLayout(bar);
     layout->setContentsMargins(10, 6, 6, 6);
     layout->addWidget(m_title);

@@ -53,14 +53,14 @@ EntryRow::EntryRow(Interaction &interaction, QWidget *parent)
     type->setMinimumWidth(110);
     payee->setEditable(true);
     payee->setInsertPolicy(QComboBox::NoInsert);
-    payee->setMinimumWidth(100);
+    payee->setMinimumWidth(80);
     addPayee->setToolTip(tr("Save the payee in the list"));
     deletePayee->setToolTip(tr("Remove the selected payee from the list"));
     for (QPushButton *b : {addPayee, deletePayee})
         b->setFixedWidth(26);
     fitLargestAmount(amount);
     amount->setAlignment(Qt::AlignRight);
-    date->setMinimumWidth(110);
+    date->setMinimumWidth(96);
     cleared->setFixedWidth(18);
     cleared->setToolTip(tr("Cleared by a bank statement"));
     cleared->setStyleSheet(QStringLiteral("color: #1e7b34; font-weight: bold;"));

@@ -89,8 +89,7 @@ RegisterPanel::RegisterPanel(Interaction &interaction, QWidget *parent)
     // One Tab stop: the arrow keys move between rows.
     m_grid->setTabKeyNavigation(false);
     RegisterModel::layOutColumns(m_grid);
-    QHeaderView *header = m_grid->horizontalHeader();
-    connect(header, &QHeaderView::sectionClicked, this, [this] {
+    connect(m_grid->horizontalHeader(), &QHeaderView::sectionClicked, this, [this] {
         if (m_entry->checkNumbers->pending())
             m_interaction.beep();
         else if (mayLeave())
@@ -148,12 +147,14 @@ QWidget *RegisterPanel::buildViewRow()
     bold.setPointSize(bold.pointSize() + 2);
     m_registerTitle->setFont(bold);
     m_registerTitle->setMinimumWidth(80);
-    auto *layout = new QHBoxLayout(row);
+    auto *line = new QHBoxLayout;
+    line->addWidget(m_registerTitle);
+    line->addLayout(m_commands = new QHBoxLayout);
+    line->addStretch();
+    line->addWidget(m_viewRow->button());
+    auto *layout = new QVBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_registerTitle);
-    m_commands = new QHBoxLayout;
-    layout->addLayout(m_commands);
-    layout->addStretch();
+    layout->addLayout(line);
     layout->addWidget(m_viewRow);
     return row;
 }

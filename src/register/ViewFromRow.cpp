@@ -14,7 +14,7 @@ ViewFromRow::ViewFromRow(QWidget *parent) : QWidget(parent)
     m_prompt = new QLabel(this);
     m_prompt->setObjectName(QStringLiteral("Label(86)"));
     // On a narrow window the prompt takes two lines rather than pushing the
-    // buttons (or the account list) aside.
+    // date box aside.
     m_prompt->setWordWrap(true);
     m_date = new DateBox(this);
     m_date->setObjectName(QStringLiteral("cmbDate(9)"));
@@ -27,10 +27,9 @@ ViewFromRow::ViewFromRow(QWidget *parent) : QWidget(parent)
 
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_prompt);
+    layout->addWidget(m_prompt, 1);
     layout->addWidget(m_date);
     layout->addWidget(m_ok);
-    layout->addWidget(m_view);
     close();
 }
 
@@ -38,15 +37,11 @@ void ViewFromRow::open(const QString &prompt, const QString &shown)
 {
     m_prompt->setText(prompt);
     m_date->setEditText(shown);
-    m_prompt->show();
-    m_date->show();
-    m_ok->show();
+    show();
     m_date->setFocus();
 }
 
 void ViewFromRow::close()
 {
-    m_prompt->hide();
-    m_date->hide();
-    m_ok->hide();
+    hide();
 }
