@@ -50,17 +50,22 @@ EntryRow::EntryRow(Interaction &interaction, QWidget *parent)
     title->setFont(bold);
     type->setEditable(true);
     type->setInsertPolicy(QComboBox::NoInsert);
-    type->setMinimumWidth(110);
+    type->setMinimumWidth(104);
     payee->setEditable(true);
     payee->setInsertPolicy(QComboBox::NoInsert);
-    payee->setMinimumWidth(80);
+    payee->setMinimumWidth(72);
     addPayee->setToolTip(tr("Save the payee in the list"));
     deletePayee->setToolTip(tr("Remove the selected payee from the list"));
     for (QPushButton *b : {addPayee, deletePayee})
         b->setFixedWidth(26);
     fitLargestAmount(amount);
     amount->setAlignment(Qt::AlignRight);
-    date->setMinimumWidth(96);
+    date->setMinimumWidth(92);
+    // The lists share the columns' room instead of setting it by their longest name.
+    for (QComboBox *list : {category, card}) {
+        list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        list->setMinimumContentsLength(8);
+    }
     cleared->setFixedWidth(18);
     cleared->setToolTip(tr("Cleared by a bank statement"));
     cleared->setStyleSheet(QStringLiteral("color: #1e7b34; font-weight: bold;"));
@@ -77,7 +82,12 @@ EntryRow::EntryRow(Interaction &interaction, QWidget *parent)
     grid->addWidget(caption(tr("Type"), this), 0, 0);
     grid->addWidget(caption(tr("Date"), this), 0, 1);
     grid->addWidget(caption(tr("Payee"), this), 0, 2);
-    grid->addWidget(caption(tr("Amount"), this), 0, 3);
+    // The cleared mark stands over the amount, leaving the amount box its room.
+    auto *amountCaption = new QHBoxLayout;
+    amountCaption->addWidget(caption(tr("Amount"), this));
+    amountCaption->addStretch();
+    amountCaption->addWidget(cleared);
+    grid->addLayout(amountCaption, 0, 3);
     grid->addWidget(type, 1, 0);
     grid->addWidget(date, 1, 1);
     auto *payeeBox = new QHBoxLayout;
@@ -90,7 +100,6 @@ EntryRow::EntryRow(Interaction &interaction, QWidget *parent)
     amountBox->addWidget(amount);
     amountBox->addWidget(credit);
     amountBox->addWidget(debit);
-    amountBox->addWidget(cleared);
     grid->addLayout(amountBox, 1, 3);
     grid->addWidget(caption(tr("Category"), this), 2, 0);
     grid->addWidget(caption(tr("Credit Card"), this), 2, 1);

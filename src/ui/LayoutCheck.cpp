@@ -82,7 +82,10 @@ std::optional<std::pair<int, int>> textFit(const QWidget *w)
         return std::pair{needed, room.width()};
     }
     if (auto *combo = qobject_cast<const QComboBox *>(w)) {
-        if (combo->isEditable() || combo->currentText().isEmpty())
+        // A list box of its own kind draws its closed face itself (a swatch
+        // in place of the name, say): only the plain one shows its text.
+        if (combo->isEditable() || combo->currentText().isEmpty()
+            || combo->metaObject() != &QComboBox::staticMetaObject)
             return std::nullopt;
         QStyleOptionComboBox option;
         option.initFrom(combo);
