@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QImage>
 #include <QUrl>
 
 #include <cstdio>
@@ -234,6 +235,22 @@ void ScriptInteraction::printToPdf(const QString &job, const QStringList &lines,
                 + ScriptLine::quote(QDir(m_fileFolder).relativeFilePath(path))
                 + (written ? QString() : QStringLiteral(" (not written)")),
             lines);
+}
+
+void ScriptInteraction::printImage(const QString &job, const QImage &image, PrintTarget target,
+                                   const QString &pdfPath)
+{
+    QString line = QStringLiteral("print job=") + ScriptLine::quote(job)
+                   + QStringLiteral(" image=%1x%2").arg(image.width()).arg(image.height());
+    if (target == PrintTarget::Preview)
+        line += QStringLiteral(" preview");
+    if (target == PrintTarget::Pdf) {
+        const bool written = ReportPainter::writeImagePdf(pdfPath, job, image);
+        line += QStringLiteral(" pdf=")
+                + ScriptLine::quote(QDir(m_fileFolder).relativeFilePath(pdfPath))
+                + (written ? QString() : QStringLiteral(" (not written)"));
+    }
+    writeLine(line);
 }
 
 void ScriptInteraction::printed(const QString &heading, const QStringList &lines)

@@ -56,6 +56,8 @@ public:
     void print(const QString &job, const QStringList &lines) override;
     void printPreview(const QString &job, const QStringList &lines) override;
     void printToPdf(const QString &job, const QStringList &lines, const QString &path) override;
+    void printImage(const QString &job, const QImage &image, PrintTarget target,
+                    const QString &pdfPath = QString()) override;
     void setClipboard(const QString &text) override;
     // The run has a clipboard of its own: what the program last put there.
     QString clipboardText() override { return m_clipboard; }

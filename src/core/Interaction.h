@@ -5,6 +5,8 @@
 
 #include <optional>
 
+class QImage;
+
 // Everything the program says to the user or does outside its own windows
 // passes through here: message boxes, the warning window frmFund, other modal
 // questions, file dialogs, beeps, print jobs, the clipboard, opened addresses
@@ -64,6 +66,17 @@ public:
     {
         Q_UNUSED(path);
         print(job, lines);
+    }
+    // A picture (a chart) printed on one page, as large as the page allows: on
+    // the default printer, in the print preview, or into a PDF file at pdfPath.
+    enum class PrintTarget { Printer, Preview, Pdf };
+    virtual void printImage(const QString &job, const QImage &image, PrintTarget target,
+                            const QString &pdfPath = QString())
+    {
+        Q_UNUSED(job);
+        Q_UNUSED(image);
+        Q_UNUSED(target);
+        Q_UNUSED(pdfPath);
     }
     virtual void setClipboard(const QString &text) = 0;
     // What a paste would take: the text on the clipboard (none by default).

@@ -134,6 +134,32 @@ void DesktopInteraction::printToPdf(const QString &job, const QStringList &lines
         QMessageBox::warning(m_parent, job, QStringLiteral("Could not write ") + path);
 }
 
+void DesktopInteraction::printImage(const QString &job, const QImage &image, PrintTarget target,
+                                    const QString &pdfPath)
+{
+    if (target == PrintTarget::Pdf) {
+        if (!ReportPainter::writeImagePdf(pdfPath, job, image))
+            QMessageBox::warning(m_parent, job, QStringLiteral("Could not write ") + pdfPath);
+        return;
+    }
+    if (target == PrintTarget::Printer && QPrinterInfo::defaultPrinter().isNull()) {
+        message(QStringLiteral("No Printer Installed"), QApplication::applicationDisplayName(),
+                Icon::Exclamation);
+        return;
+    }
+    QPrinter printer(QPrinterInfo::defaultPrinter(), QPrinter::HighResolution);
+    printer.setDocName(job);
+    if (target == PrintTarget::Printer) {
+        ReportPainter::paintImage(printer, image);
+        return;
+    }
+    QPrintPreviewDialog dialog(&printer, m_parent);
+    dialog.setWindowTitle(job);
+    QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
+                     [&image](QPrinter *p) { ReportPainter::paintImage(*p, image); });
+    dialog.exec();
+}
+
 void DesktopInteraction::setClipboard(const QString &text)
 {
     QApplication::clipboard()->setText(text);

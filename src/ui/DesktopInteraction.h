@@ -23,6 +23,8 @@ public:
     bool printerInstalled() override;
     void printPreview(const QString &job, const QStringList &lines) override;
     void printToPdf(const QString &job, const QStringList &lines, const QString &path) override;
+    void printImage(const QString &job, const QImage &image, PrintTarget target,
+                    const QString &pdfPath = QString()) override;
     void setClipboard(const QString &text) override;
     QString clipboardText() override;
     void openUrl(const QString &url) override;

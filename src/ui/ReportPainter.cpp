@@ -2,6 +2,7 @@
 
 #include <QFontDatabase>
 #include <QFontMetricsF>
+#include <QImage>
 #include <QPainter>
 #include <QPrinter>
 
@@ -96,6 +97,31 @@ bool writePdf(const QString &path, const QString &title, const QStringList &line
     printer.setOutputFileName(path);
     printer.setDocName(title);
     return paint(printer, lines);
+}
+
+bool paintImage(QPrinter &printer, const QImage &image)
+{
+    if (image.isNull())
+        return false;
+    printer.setPageOrientation(image.width() > image.height() ? QPageLayout::Landscape
+                                                              : QPageLayout::Portrait);
+    QPainter painter;
+    if (!painter.begin(&printer))
+        return false;
+    const QRectF area = printer.pageLayout().paintRectPixels(printer.resolution());
+    const QSizeF size = QSizeF(image.size()).scaled(area.size(), Qt::KeepAspectRatio);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(QRectF(QPointF(0, 0), size), image);
+    return painter.end();
+}
+
+bool writeImagePdf(const QString &path, const QString &title, const QImage &image)
+{
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(path);
+    printer.setDocName(title);
+    return paintImage(printer, image);
 }
 
 } // namespace ReportPainter

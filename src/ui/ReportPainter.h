@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 
+class QImage;
 class QPrinter;
 
 // Paints the lines of a print job on a printer's pages (a real printer, the
@@ -24,5 +25,10 @@ qreal pitch(QPrinter &printer, const QFont &font);
 bool paint(QPrinter &printer, const QStringList &lines);
 // The same into a PDF file.
 bool writePdf(const QString &path, const QString &title, const QStringList &lines);
+
+// A picture on one page, as large as the page allows, its proportions kept; a
+// wide picture turns the page to landscape.
+bool paintImage(QPrinter &printer, const QImage &image);
+bool writeImagePdf(const QString &path, const QString &title, const QImage &image);
 
 } // namespace ReportPainter
