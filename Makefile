@@ -5,7 +5,7 @@
 #   make manual-shots  take the user manual's pictures from the program (build/Help/shots)
 BUILD   ?= build
 JOBS    ?= $(shell nproc 2>/dev/null || echo 2)
-PACKAGES = cmake g++ make clang-format ccache qt6-base-dev libgl-dev libbenchmark-dev xvfb xauth poppler-utils hledger libofx-dev pkg-config
+PACKAGES = cmake g++ make clang-format ccache qt6-base-dev qt6-charts-dev libgl-dev libbenchmark-dev xvfb xauth poppler-utils hledger libofx-dev pkg-config
 
 .PHONY: all deps configure build run test bench manual-shots clean
 

@@ -10,6 +10,7 @@
 #include "budget/BudgetBook.h"
 #include "budget/BudgetPanel.h"
 #include "budget/BudgetTransferPanel.h"
+#include "charts/ChartsPanel.h"
 #include "core/Interaction.h"
 #include "core/UserManual.h"
 #include "exchange/ExportCommand.h"
@@ -333,6 +334,16 @@ QWidget *MainForm::buildWorkArea()
                   m_print->setCurrentAccount(a.BankNum);
               }},
              m_print);
+    m_charts = new ChartsPanel(m_interaction, area);
+    addPanel({QStringLiteral("charts"),
+              tr("Charts"),
+              QStringLiteral("cmdShowCharts"),
+              nullptr,
+              {},
+              [this](const DataSnapshot &d) { m_charts->setData(d); },
+              [this](const DataChange &c, const DataSnapshot &d) { m_charts->follow(c, d); },
+              {}},
+             m_charts);
 
     reportChanges();
     // A removed account leaves every list of accounts and categories, and the
@@ -368,6 +379,13 @@ QWidget *MainForm::buildWorkArea()
         showPanel(QStringLiteral("register"));
         m_register->showRecord(record);
     });
+
+    // A category picked on a chart is searched for over the chart's period.
+    connect(m_charts, &ChartsPanel::categoryChosen, this,
+            [this](int bankNum, const QString &category, const QString &from, const QString &to) {
+                showPanel(QStringLiteral("search"));
+                m_search->searchCategory(bankNum, category, from, to);
+            });
 
     auto *layout = new QVBoxLayout(area);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -22,6 +22,7 @@ class ArchivePanel;
 class BalancingPanel;
 class BudgetPanel;
 class BudgetTransferPanel;
+class ChartsPanel;
 class PrintPanel;
 class RegisterPanel;
 class SearchPanel;
@@ -144,6 +145,7 @@ private:
     bool m_editLock = false;
     SearchPanel *m_search = nullptr;
     PrintPanel *m_print = nullptr;
+    ChartsPanel *m_charts = nullptr;
     FlowLayout *m_buttonRow = nullptr;
     QStackedWidget *m_work = nullptr;
     QPushButton *m_sampleButton = nullptr;

@@ -347,6 +347,22 @@ void SearchPanel::onClear()
     showSummary();
 }
 
+void SearchPanel::searchCategory(int bankNum, const QString &category, const QString &from,
+                                 const QString &to)
+{
+    onClear();
+    const int at = m_account->findData(bankNum);
+    m_account->setCurrentIndex(at >= 0 ? at : 0);
+    onAccountChosen();
+    const int listed = m_category->findText(category);
+    if (listed >= 0)
+        m_category->setCurrentIndex(listed);
+    m_category->setEditText(category);
+    m_dateFrom->setEditText(from);
+    m_dateTo->setEditText(to);
+    onSearch();
+}
+
 void SearchPanel::onResultClicked(const QModelIndex &index)
 {
     if (!index.isValid())

@@ -32,6 +32,10 @@ public:
     // Puts a command of a higher layer (export) beside Copy.
     void addCommand(QWidget *button);
     const std::vector<TransactionSearch::Hit> &hits() const;
+    // Clears the criteria, sets an account (0: all), a category and two dates,
+    // and searches.
+    void searchCategory(int bankNum, const QString &category, const QString &from,
+                        const QString &to);
 
 Q_SIGNALS:
     void transactionChosen(int bankNum, int recordNumber);

@@ -100,12 +100,13 @@ private Q_SLOTS:
         QCOMPARE(form->shownPanel(), QStringLiteral("transfer"));
         QCOMPARE(form->panelIds(),
                  (QStringList{"register", "transfer", "budget", "budgettransfer", "balancing",
-                              "accounts", "archive", "search", "print"}));
-        // The archive is never where a start opens; search and print are not
-        // remembered either: the saved state stays as it was.
+                              "accounts", "archive", "search", "print", "charts"}));
+        // The archive is never where a start opens; search, print and charts
+        // are not remembered either: the saved state stays as it was.
         QVERIFY(form->showPanel(QStringLiteral("archive")));
         QVERIFY(form->showPanel(QStringLiteral("search")));
         QVERIFY(form->showPanel(QStringLiteral("print")));
+        QVERIFY(form->showPanel(QStringLiteral("charts")));
         QCOMPARE(savedState(), (Values{1, 0, 3, 1}));
         // The balancing panel is not remembered: the next start shows the work panel.
         QVERIFY(form->showPanel(QStringLiteral("balancing")));
