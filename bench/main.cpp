@@ -177,6 +177,17 @@ int printTargets(const std::map<std::string, Figures> &figures)
                     part(f, "enter_ms"), part(f, "paint_ms"));
     }
 
+    for (const char *name : {"BM_ImportQif", "BM_ImportOfx"}) {
+        const auto import = figures.find(name);
+        if (import == figures.end() || import->second.medianTime < 0)
+            continue;
+        const Figures &f = import->second;
+        std::printf("  %s import of 10,000 transactions into a register of 20,000 (2,000 of them "
+                    "already there): median %.1f %s, mean %.1f %s (target < 1 s): %s\n",
+                    name + 9, f.medianTime, f.unit.c_str(), f.meanTime, f.unit.c_str(),
+                    verdict(f.unit == "ms" && f.medianTime < 1000.0));
+    }
+
     for (const std::string &line : BenchData::notes())
         std::printf("  note: %s\n", line.c_str());
     return errors;

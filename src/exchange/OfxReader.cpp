@@ -9,6 +9,7 @@
 
 #include <libofx/libofx.h>
 
+#include <cctype>
 #include <cmath>
 #include <fcntl.h>
 #include <unistd.h>
@@ -62,18 +63,19 @@ std::optional<Currency> ofxAmount(QString text)
 Scan scan(const QByteArray &bytes)
 {
     Scan s;
-    const QString text = QString::fromLatin1(bytes);
-    if (!text.contains(QStringLiteral("<OFX>"), Qt::CaseInsensitive)) {
+    const auto contains = [&bytes](const char *tag) {
+        return bytes.contains(tag) || bytes.toUpper().contains(tag);
+    };
+    if (!contains("<OFX>")) {
         s.error = QStringLiteral("The file has no <OFX> element: it is not an OFX or QFX file.");
         return s;
     }
-    if (!text.contains(QStringLiteral("</OFX>"), Qt::CaseInsensitive)) {
+    if (!contains("</OFX>")) {
         s.error = QStringLiteral("The file ends before its closing </OFX>: it seems cut short.");
         return s;
     }
-    static const QRegularExpression element(QStringLiteral("<(/?)([A-Za-z0-9.]+)>([^<\\r\\n]*)"));
-    int line = 1;
-    qsizetype counted = 0;
+    // One pass over the bytes: each element's name and the text after it up
+    // to the next element or line end, with the line it is on.
     Written current;
     QString fitId;
     bool inTransaction = false;
@@ -83,21 +85,34 @@ Scan scan(const QByteArray &bytes)
         ++s.transactions;
         inTransaction = false;
     };
-    for (auto it = element.globalMatch(text); it.hasNext();) {
-        const auto m = it.next();
-        line += int(QStringView(text).mid(counted, m.capturedStart() - counted).count(u'\n'));
-        counted = m.capturedStart();
-        const bool closing = !m.captured(1).isEmpty();
-        const QString name = m.captured(2).toUpper();
-        const QString value = m.captured(3).trimmed();
-        const QString where = QStringLiteral("Line %1, <%2>: ").arg(line).arg(name);
-        if (name == QLatin1String("STMTTRN")) {
-            if (closing) {
-                if (inTransaction)
-                    finish();
-            } else {
-                if (inTransaction)
-                    finish(); // SGML leaves the end tag out
+    const char *p = bytes.constData();
+    const qsizetype n = bytes.size();
+    int line = 1;
+    for (qsizetype i = 0; i < n; ++i) {
+        if (p[i] == '\n') {
+            ++line;
+            continue;
+        }
+        if (p[i] != '<')
+            continue;
+        qsizetype k = i + 1;
+        const bool closing = k < n && p[k] == '/';
+        if (closing)
+            ++k;
+        const qsizetype nameStart = k;
+        while (k < n && (std::isalnum(static_cast<unsigned char>(p[k])) || p[k] == '.'))
+            ++k;
+        if (k >= n || p[k] != '>' || k == nameStart)
+            continue;
+        const QByteArray name = QByteArray(p + nameStart, k - nameStart).toUpper();
+        qsizetype v = k + 1;
+        while (v < n && p[v] != '<' && p[v] != '\n' && p[v] != '\r')
+            ++v;
+        i = v - 1;
+        if (name == "STMTTRN") {
+            if (inTransaction)
+                finish(); // a closing tag, or SGML leaving it out before the next
+            if (!closing) {
                 inTransaction = true;
                 current = Written();
                 current.line = line;
@@ -107,24 +122,27 @@ Scan scan(const QByteArray &bytes)
         }
         if (closing || !inTransaction)
             continue;
-        if (name == QLatin1String("DTPOSTED")) {
-            if (!ofxDate(value)) {
-                s.error = where + QStringLiteral("\"%1\" is not a date.").arg(value);
-                return s;
-            }
-            current.date = value;
-        } else if (name == QLatin1String("TRNAMT")) {
-            if (!ofxAmount(value)) {
-                s.error = where + QStringLiteral("\"%1\" is not an amount.").arg(value);
-                return s;
-            }
-            current.amount = value;
-        } else if (name == QLatin1String("FITID")) {
-            fitId = value;
-        } else if (name == QLatin1String("BANKTRANLIST")) {
-            if (inTransaction)
-                finish();
+        if (name == "BANKTRANLIST") {
+            finish();
+            continue;
         }
+        const bool date = name == "DTPOSTED";
+        const bool amount = name == "TRNAMT";
+        const bool id = name == "FITID";
+        if (!date && !amount && !id)
+            continue;
+        const QString value = QString::fromLatin1(p + k + 1, v - k - 1).trimmed();
+        const QString where
+            = QStringLiteral("Line %1, <%2>: ").arg(line).arg(QString::fromLatin1(name));
+        if (date && !ofxDate(value)) {
+            s.error = where + QStringLiteral("\"%1\" is not a date.").arg(value);
+            return s;
+        }
+        if (amount && !ofxAmount(value)) {
+            s.error = where + QStringLiteral("\"%1\" is not an amount.").arg(value);
+            return s;
+        }
+        (date ? current.date : amount ? current.amount : fitId) = value;
     }
     if (inTransaction)
         finish();
