@@ -183,6 +183,8 @@ QWidget *MainForm::buildWorkArea()
     // Bank downloads come in from the register's own command.
     auto *importButton = new QPushButton(tr("Import…"));
     importButton->setObjectName(QStringLiteral("cmdImport"));
+    importButton->setToolTip(tr("Bring in a file downloaded from your bank: OFX, QFX, QIF or CSV "
+                                "(Ctrl+I)"));
     connect(importButton, &QPushButton::clicked, this, [this] {
         if (m_current.BankNum == 0 || !m_register->mayLeave())
             return m_interaction.beep();

@@ -27,8 +27,8 @@ QMap<QString, HelpTexts::Text> builtIn()
           tr("Click a row to change it; Void keeps it in place with no amount. Escape goes "
              "back to a new entry. Quick Entry enters a copy of the row. View From lists the "
              "entries from a date on; + and - keep or remove a payee; Ctrl+C copies the "
-             "selected rows. Export (Ctrl+E) writes the register to a CSV, QIF or journal "
-             "file.")}});
+             "selected rows. Import (Ctrl+I) brings in a file from your bank (OFX, QFX, QIF "
+             "or CSV); Export (Ctrl+E) writes the register to a CSV, QIF or journal file.")}});
     texts.insert(
         QStringLiteral("transfer"),
         {tr("Transfers"),
