@@ -15,6 +15,7 @@
 #include <QValueAxis>
 
 #include <algorithm>
+#include <cmath>
 
 using namespace ChartSeries;
 
@@ -265,7 +266,13 @@ Colours Colours::from(const QPalette &palette)
     c.base = palette.color(QPalette::Base);
     c.text = palette.color(QPalette::Text);
     c.grid = mix(c.text, c.base, 0.8);
+    // The selection colour, unless it is too pale against the chart's
+    // background to draw bars with (a light theme's soft selection): then the
+    // theme's strong accent.
+    const auto lightness = [](const QColor &colour) { return colour.lightnessF(); };
     c.primary = palette.color(QPalette::Highlight);
+    if (std::abs(lightness(c.primary) - lightness(c.base)) < 0.25)
+        c.primary = palette.color(QPalette::Link);
     c.secondary = mix(c.text, c.base, 0.55);
     c.card = mix(c.primary, c.text, 0.5);
     return c;

@@ -176,7 +176,8 @@ void ChartsPanel::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
     // The charts take their colours from the theme.
-    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)
+    if ((event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)
+        && m_views[0])
         redraw();
 }
 
@@ -290,6 +291,7 @@ void ChartsPanel::chooseCategory(int row)
 {
     if (row < 0 || row >= int(m_figures.spending.size()))
         return;
+    QToolTip::hideText();
     const QString category = m_figures.spending[std::size_t(row)].category;
     Q_EMIT categoryChosen(
         m_account->currentData().toInt(),
