@@ -226,6 +226,10 @@ ImportForm::ImportForm(Interaction &interaction, std::unique_ptr<ImportPlan> pla
     m_grid->verticalHeader()->hide();
     m_grid->horizontalHeader()->setStretchLastSection(true);
     m_grid->resizeColumnsToContents();
+    // Long payees and memos give way (their whole text is the cell's tip), so
+    // that the amount and the status stay in sight.
+    for (const int column : {ImportModel::Payee, ImportModel::Memo})
+        m_grid->setColumnWidth(column, std::min(m_grid->columnWidth(column), 170));
     connect(m_grid, &QTableView::clicked, this, [this](const QModelIndex &index) {
         if (index.column() == ImportModel::Tick && !m_model->toggle(index.row()))
             m_interaction.beep();

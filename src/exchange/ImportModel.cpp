@@ -33,7 +33,9 @@ QVariant ImportModel::data(const QModelIndex &index, int role) const
         return QBrush(r.status == ImportPlan::Status::Refused ? QColor(Qt::darkRed)
                                                               : QColor(Qt::darkGray));
     if (role == Qt::ToolTipRole)
-        return r.note.isEmpty() ? QVariant() : QVariant(r.note);
+        return index.column() == Payee || index.column() == Memo
+                   ? data(index, Qt::DisplayRole)
+                   : (r.note.isEmpty() ? QVariant() : QVariant(r.note));
     if (role == BudNumRole)
         return r.budNum;
     if (role != Qt::DisplayRole && role != Qt::EditRole)
