@@ -133,42 +133,63 @@ QChart *spendingChart(const Figures &f, const ChartPictures::Colours &colours)
     return chart;
 }
 
+// Past three years, months would be thinner than a pixel: the bars add up each
+// year instead (the table still lists the months).
+constexpr std::size_t MostMonthBars = 36;
+
+std::vector<MonthFlow> byYear(const std::vector<MonthFlow> &months)
+{
+    std::vector<MonthFlow> years;
+    for (const MonthFlow &m : months) {
+        if (years.empty() || years.back().month.year() != m.month.year())
+            years.push_back({QDate(m.month.year(), 1, 1), {}, {}});
+        years.back().income += m.income;
+        years.back().spending += m.spending;
+    }
+    return years;
+}
+
 QChart *incomeSpendingChart(const Figures &f, const ChartPictures::Colours &colours)
 {
     QChart *chart = newChart(colours);
     auto *series = new QBarSeries;
     QBarSet *income = barSet(QStringLiteral("Income"), colours.secondary);
     QBarSet *spending = barSet(QStringLiteral("Spending"), colours.primary);
+    const bool years = f.months.size() > MostMonthBars;
+    const std::vector<MonthFlow> bars = years ? byYear(f.months) : f.months;
     QStringList labels, incomeTips, spendingTips;
     Currency largest;
-    for (const MonthFlow &m : f.months) {
+    for (const MonthFlow &m : bars) {
         *income << plotted(m.income);
         *spending << plotted(m.spending);
         largest = std::max({largest, m.income, m.spending});
         // Up to a year of months reads as month names, the years in the axis's title.
-        labels << m.month.toString(f.months.size() > 12 ? QStringLiteral("MM/yy")
-                                                        : QStringLiteral("MMM"));
-        incomeTips << monthText(m.month) + QStringLiteral(" income: ") + money(m.income);
-        spendingTips << monthText(m.month) + QStringLiteral(" spending: ") + money(m.spending);
+        const QString name = years ? QString::number(m.month.year()) : monthText(m.month);
+        labels << (years              ? name
+                   : bars.size() > 12 ? m.month.toString(QStringLiteral("MM/yy"))
+                                      : m.month.toString(QStringLiteral("MMM")));
+        incomeTips << name + QStringLiteral(" income: ") + money(m.income);
+        spendingTips << name + QStringLiteral(" spending: ") + money(m.spending);
     }
     income->setProperty("tips", incomeTips);
     spending->setProperty("tips", spendingTips);
     series->append(income);
     series->append(spending);
     chart->addSeries(series);
-    auto *months = new QBarCategoryAxis;
-    months->append(labels);
+    auto *axis = new QBarCategoryAxis;
+    axis->append(labels);
     if (labels.size() > 12)
-        months->setLabelsAngle(-90);
-    else
-        months->setTitleText(f.months.size() == 1
-                                 ? monthText(f.months.front().month)
-                                 : monthText(f.months.front().month) + QStringLiteral(" to ")
-                                       + monthText(f.months.back().month));
-    months->setTitleBrush(colours.text);
-    styleAxis(months, colours);
-    chart->addAxis(months, Qt::AlignBottom);
-    series->attachAxis(months);
+        axis->setLabelsAngle(-90);
+    if (years)
+        axis->setTitleText(QStringLiteral("By year"));
+    else if (labels.size() <= 12)
+        axis->setTitleText(bars.size() == 1 ? monthText(bars.front().month)
+                                            : monthText(bars.front().month) + QStringLiteral(" to ")
+                                                  + monthText(bars.back().month));
+    axis->setTitleBrush(colours.text);
+    styleAxis(axis, colours);
+    chart->addAxis(axis, Qt::AlignBottom);
+    series->attachAxis(axis);
     QValueAxis *amounts = moneyAxis(largest, Currency(), colours);
     chart->addAxis(amounts, Qt::AlignLeft);
     series->attachAxis(amounts);
