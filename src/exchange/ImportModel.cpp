@@ -95,7 +95,7 @@ bool ImportModel::setData(const QModelIndex &index, const QVariant &value, int r
         return false;
     if (!m_plan.setCategory(index.row(), value.toInt()))
         return false;
-    Q_EMIT dataChanged(index, index);
+    Q_EMIT dataChanged(this->index(0, Category), this->index(rowCount() - 1, Category));
     return true;
 }
 

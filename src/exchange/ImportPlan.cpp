@@ -265,8 +265,12 @@ bool ImportPlan::setCategory(int i, int budNum)
     }
     for (const auto &[num, name] : m_categories)
         if (num == budNum) {
-            row.budNum = num;
-            row.budName = name;
+            // The same payee further down, still without one, learns it too.
+            for (Row &other : m_rows)
+                if (&other == &row || (other.budNum == 0 && key(other.payee) == key(row.payee))) {
+                    other.budNum = num;
+                    other.budName = name;
+                }
             return true;
         }
     return false;

@@ -67,6 +67,7 @@ public:
     bool setIncluded(int row, bool included);
     // The categories a row may take, by number; 0 is "(none)".
     std::vector<std::pair<int, QString>> categories() const;
+    // Sets a row's category; other rows of the same payee without one take it too.
     bool setCategory(int row, int budNum);
 
     Summary summary() const;

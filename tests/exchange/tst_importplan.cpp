@@ -187,8 +187,9 @@ private Q_SLOTS:
         QVERIFY(b.enter(fileOf({grocer})).ok);
         // Taught: the register's last "Grocer" had Food.
         ImportPlan teach(b.files, b.account());
-        teach.build(fileOf({row(4, -100, "Grocer")}));
+        teach.build(fileOf({row(4, -100, "Grocer"), row(5, -200, "GROCER")}));
         QVERIFY(teach.setCategory(0, b.food));
+        QCOMPARE(teach.rows()[1].budNum, b.food);
         QVERIFY(ImportEntry::enter(teach).ok);
 
         ImportRow c1 = row(20, -100, "Water");
@@ -208,8 +209,8 @@ private Q_SLOTS:
         const auto records = b.records();
         QCOMPARE(records[records.size() - 2].Type.text(), QStringLiteral("1001"));
         QCOMPARE(b.account().NextCheckNum, 1001);
-        // One check and the grocer went in: 100 - 40 - 1 - 1 - 3.
-        QCOMPARE(b.account().Balance, Currency::fromCents(10000 - 4000 - 100 - 100 - 300));
+        // One check and the grocer went in: 100 - 40 - 1 - 2 - 1 - 3.
+        QCOMPARE(b.account().Balance, Currency::fromCents(10000 - 4000 - 100 - 200 - 100 - 300));
     }
 
     void enteredAllOrNothing()
@@ -228,7 +229,18 @@ private Q_SLOTS:
             QCOMPARE(b.account().Balance, Currency::fromUnits(100));
             QVERIFY(!QFile::exists(b.files.importedIds(QStringLiteral("Everyday"))));
         }
-        QVERIFY(b.enter(f).ok);
+        // Stopped after the journal and one change reached the disk: the next
+        // start finishes the whole import.
+        struct Killed
+        {
+        };
+        UnitOfWork::setStepHook([](int done) {
+            if (done == 1)
+                throw Killed{};
+        });
+        QVERIFY_THROWS_EXCEPTION(Killed, b.enter(f));
+        UnitOfWork::setStepHook({});
+        QVERIFY(UnitOfWork::recover(b.files.dataDir()));
         const auto records = b.records();
         QCOMPARE(int(records.size()), before + 2);
         QCOMPARE(records[std::size_t(before)].Status.text(), QStringLiteral("CL"));
