@@ -85,9 +85,11 @@ MainForm::MainForm(Interaction &interaction, const QString &dataDir, QWidget *pa
     layout->addLayout(body, 1);
 
     // The colour scheme's pictures stand behind these.
-    for (QWidget *w : {static_cast<QWidget *>(this), static_cast<QWidget *>(m_accounts),
-                       static_cast<QWidget *>(m_register)})
-        w->setAttribute(Qt::WA_StyledBackground);
+    const QList<QWidget *> pictured = {
+        this, m_accounts, m_register, m_register->findChild<QWidget *>(QStringLiteral("picEntry"))};
+    for (QWidget *w : pictured)
+        if (w)
+            w->setAttribute(Qt::WA_StyledBackground);
 }
 
 QWidget *MainForm::buildTitleBar()
