@@ -119,9 +119,13 @@ SearchPanel::SearchPanel(Interaction &interaction, QWidget *parent)
     m_buttons->addWidget(m_search);
     m_buttons->addWidget(m_clear);
     m_buttons->addWidget(m_copy);
-    m_buttons->addWidget(m_errorButton);
-    m_buttons->addWidget(m_error, 1);
     criteria->addLayout(m_buttons, 4, 2, 1, 4);
+    // The error line has a row of its own under the buttons, there only while
+    // it is shown, so that its text is whole at 800 x 600.
+    auto *errorRow = new QHBoxLayout;
+    errorRow->addWidget(m_errorButton);
+    errorRow->addWidget(m_error, 1);
+    criteria->addLayout(errorRow, 5, 0, 1, 6);
 
     m_grid->setModel(m_results);
     m_grid->setSelectionBehavior(QAbstractItemView::SelectRows);
