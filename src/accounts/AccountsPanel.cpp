@@ -3,6 +3,7 @@
 #include "accounts/AccountBook.h"
 #include "accounts/AccountListModel.h"
 #include "core/Interaction.h"
+#include "ui/ColumnFit.h"
 
 #include <QGridLayout>
 #include <QHeaderView>
@@ -47,8 +48,7 @@ AccountsPanel::AccountsPanel(Interaction &interaction, QWidget *parent)
     m_grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_grid->verticalHeader()->hide();
     m_grid->verticalHeader()->setDefaultSectionSize(22);
-    m_grid->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
-    m_grid->horizontalHeader()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
+    ColumnFit::install(m_grid, {{ColumnFit::Share, 60}, {ColumnFit::Content}});
     m_grid->setMinimumHeight(10 * 22 + 26);
     m_grid->setAlternatingRowColors(false);
     // The list is one stop for Tab; the arrow keys move between accounts.

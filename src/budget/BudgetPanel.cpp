@@ -8,6 +8,7 @@
 #include "budget/BudgetListModel.h"
 #include "calculator/AmountCalculator.h"
 #include "core/Interaction.h"
+#include "ui/ColumnFit.h"
 #include "ui/MoneyBox.h"
 #include "ui/ReturnKey.h"
 
@@ -21,6 +22,7 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -70,16 +72,13 @@ BudgetPanel::BudgetPanel(Interaction &interaction, QWidget *parent)
     m_grid->verticalHeader()->setDefaultSectionSize(21);
     m_grid->setColumnHidden(BudgetListModel::BudNum, true);
     m_grid->setColumnHidden(BudgetListModel::CCBankRecnum, true);
-    QHeaderView *header = m_grid->horizontalHeader();
-    header->setMinimumSectionSize(14);
-    header->resizeSection(BudgetListModel::Fixed, 14);
+    m_grid->horizontalHeader()->setMinimumSectionSize(14);
     // The money columns take the width of their widest figure, so a balance
-    // is never shown cut, however narrow the window.
-    header->setSectionResizeMode(BudgetListModel::Monthly, QHeaderView::ResizeToContents);
-    header->setSectionResizeMode(BudgetListModel::Balance, QHeaderView::ResizeToContents);
-    header->resizeSection(BudgetListModel::Picture, 20);
-    header->setSectionResizeMode(BudgetListModel::Items, QHeaderView::ResizeToContents);
-    header->setSectionResizeMode(BudgetListModel::Category, QHeaderView::Stretch);
+    // is never shown cut, however narrow the window; the names take the rest.
+    using C = ColumnFit::Column;
+    const C content{ColumnFit::Content, 14};
+    ColumnFit::install(m_grid, {content, C{ColumnFit::Share, 60}, content, content, content,
+                                content, C{ColumnFit::Content, 20}, content});
     connect(m_grid, &QTableView::clicked, this, &BudgetPanel::onGridClicked);
     // Shift and the right button copy the budget table, as does Ctrl+C.
     m_grid->viewport()->installEventFilter(this);
@@ -128,10 +127,8 @@ QWidget *BudgetPanel::buildEditor()
     m_itemGrid->verticalHeader()->setDefaultSectionSize(20);
     m_itemGrid->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_itemGrid->setSelectionMode(QAbstractItemView::SingleSelection);
-    m_itemGrid->horizontalHeader()->resizeSection(BudgetItemModel::Fixed, 48);
-    m_itemGrid->horizontalHeader()->resizeSection(BudgetItemModel::Amount, 80);
-    m_itemGrid->horizontalHeader()->setSectionResizeMode(BudgetItemModel::Name,
-                                                         QHeaderView::Stretch);
+    ColumnFit::install(m_itemGrid,
+                       {{ColumnFit::Content}, {ColumnFit::Share, 50}, {ColumnFit::Content}});
     // A click on a name or amount opens the cell's editor.
     m_itemEditor = new BudgetItemDelegate(m_interaction, m_itemGrid);
     m_itemGrid->setItemDelegate(m_itemEditor);
@@ -179,7 +176,16 @@ QWidget *BudgetPanel::buildEditor()
     layout->addWidget(m_itemGrid, 1);
     layout->addWidget(m_message);
     layout->addLayout(buttons);
-    layout->addWidget(help);
+    // On a short window the help scrolls rather than taking the item grid's rows.
+    auto *helpArea = new QScrollArea(box);
+    helpArea->setObjectName(QStringLiteral("scrBudHelp"));
+    helpArea->setWidget(help);
+    helpArea->setWidgetResizable(true);
+    helpArea->setFrameShape(QFrame::NoFrame);
+    helpArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    helpArea->viewport()->setAutoFillBackground(false);
+    help->setAutoFillBackground(false);
+    layout->addWidget(helpArea);
     // The item grid's cell editor (made when a cell is typed into) keeps its
     // own Return, which ends the cell's typing.
     ReturnKey::install(box, {save});

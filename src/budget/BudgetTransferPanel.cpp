@@ -7,6 +7,7 @@
 #include "core/Clock.h"
 #include "core/EntryChecks.h"
 #include "core/Interaction.h"
+#include "ui/ColumnFit.h"
 #include "ui/DateBox.h"
 #include "ui/ErrorLabel.h"
 #include "ui/MoneyBox.h"
@@ -68,10 +69,10 @@ BudgetTransferPanel::BudgetTransferPanel(Interaction &interaction, QWidget *pare
     m_list->setTabKeyNavigation(false);
     m_list->verticalHeader()->hide();
     m_list->verticalHeader()->setDefaultSectionSize(21);
-    m_list->horizontalHeader()->resizeSection(0, 84);
-    m_list->horizontalHeader()->resizeSection(2, 110);
-    m_list->horizontalHeader()->resizeSection(3, 90);
-    m_list->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
+    ColumnFit::install(m_list, {{ColumnFit::Content},
+                                {ColumnFit::Share, 80},
+                                {ColumnFit::Share, 60},
+                                {ColumnFit::Content}});
     auto *remove = new QAction(tr("Remove Selected Transfers from the List"), m_list);
     remove->setObjectName(QStringLiteral("mnuRemoveBudTrans"));
     remove->setShortcut(QKeySequence::Delete);

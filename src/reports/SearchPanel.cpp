@@ -8,6 +8,7 @@
 #include "reports/FollowedData.h"
 #include "reports/SearchResultModel.h"
 #include "reports/SearchSummary.h"
+#include "ui/ColumnFit.h"
 #include "ui/DateBox.h"
 #include "ui/Named.h"
 
@@ -133,10 +134,11 @@ SearchPanel::SearchPanel(Interaction &interaction, QWidget *parent)
     m_grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_grid->verticalHeader()->hide();
     m_grid->verticalHeader()->setDefaultSectionSize(20);
-    m_grid->horizontalHeader()->setStretchLastSection(true);
-    const int widths[] = {110, 50, 90, 70, 170, 100, 120, 90, 90};
-    for (int c = 0; c < SearchResultModel::ColumnCount; ++c)
-        m_grid->setColumnWidth(c, widths[c]);
+    using C = ColumnFit::Column;
+    ColumnFit::install(
+        m_grid, {C{ColumnFit::Share, 70, 200}, C{ColumnFit::Content}, C{ColumnFit::Share, 52, 130},
+                 C{ColumnFit::Content}, C{ColumnFit::Share, 80}, C{ColumnFit::Share, 50, 180},
+                 C{ColumnFit::Share, 50}, C{ColumnFit::Content}, C{ColumnFit::Content}});
 
     m_summary->setHorizontalHeaderLabels({tr("Item"), tr("Amount")});
     m_summaryGrid->setModel(m_summary);

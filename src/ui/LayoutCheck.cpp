@@ -100,6 +100,15 @@ std::optional<std::pair<int, int>> textFit(const QWidget *w)
     return std::nullopt;
 }
 
+// The height a label that wraps its words needs at its width, or 0.
+int wrappedHeight(const QWidget *w)
+{
+    auto *label = qobject_cast<const QLabel *>(w);
+    if (!label || !label->wordWrap() || !label->pixmap().isNull())
+        return 0;
+    return label->heightForWidth(label->width());
+}
+
 } // namespace
 
 QString LayoutCheck::nameOf(const QWidget *control)
@@ -148,6 +157,11 @@ QStringList LayoutCheck::problems(const QWidget *window)
                          .arg(shown.height())
                          .arg(rect.width())
                          .arg(rect.height());
+        else if (const auto tall = wrappedHeight(w); tall > w->height())
+            found << QStringLiteral("%1 shows its text cut (%2 of %3 pixels high)")
+                         .arg(nameOf(w))
+                         .arg(w->height())
+                         .arg(tall);
         else if (const auto fit = textFit(w); fit && fit->first > fit->second)
             found << QStringLiteral("%1 shows its text cut (%2 of %3 pixels)")
                          .arg(nameOf(w))
