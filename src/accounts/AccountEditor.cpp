@@ -6,6 +6,7 @@
 #include "core/Interaction.h"
 #include "records/AccountKinds.h"
 #include "ui/ErrorLabel.h"
+#include "ui/EscapeKey.h"
 #include "ui/MoneyBox.h"
 #include "ui/ReturnKey.h"
 
@@ -90,6 +91,7 @@ void AccountEditor::buildEditor()
     connect(m_enter, &QPushButton::clicked, this, &AccountEditor::onEnter);
     connect(m_rename, &QPushButton::clicked, this, &AccountEditor::onRename);
     ReturnKey::install(box, {m_enter});
+    EscapeKey::install(box, m_rename, [this] { return m_renameMode; });
 }
 
 void AccountEditor::setDataFiles(const DataFiles &files)

@@ -406,6 +406,12 @@ void MainForm::addPanel(Panel panel)
     b->setObjectName(panel.buttonName);
     b->setCheckable(true);
     connect(b, &QPushButton::clicked, this, [this, page] { showWorkPage(page); });
+    // Ctrl+1 to Ctrl+9, then Ctrl+0, press the panel buttons in their order.
+    if (page < 10) {
+        const QKeySequence key(Qt::CTRL | Qt::Key(Qt::Key_0 + (page + 1) % 10));
+        connect(new QShortcut(key, this), &QShortcut::activated, b, &QPushButton::click);
+        b->setToolTip(tr("%1 (%2)").arg(panel.caption, key.toString(QKeySequence::NativeText)));
+    }
     m_buttonRow->addWidget(b);
     m_panelButtons << b;
     m_work->addWidget(panel.widget);

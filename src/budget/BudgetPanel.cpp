@@ -9,6 +9,7 @@
 #include "calculator/AmountCalculator.h"
 #include "core/Interaction.h"
 #include "ui/ColumnFit.h"
+#include "ui/EscapeKey.h"
 #include "ui/MoneyBox.h"
 #include "ui/ReturnKey.h"
 
@@ -189,6 +190,7 @@ QWidget *BudgetPanel::buildEditor()
     // The item grid's cell editor (made when a cell is typed into) keeps its
     // own Return, which ends the cell's typing.
     ReturnKey::install(box, {save});
+    EscapeKey::install(box, clear);
     return box;
 }
 

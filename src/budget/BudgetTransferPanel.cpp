@@ -10,6 +10,7 @@
 #include "ui/ColumnFit.h"
 #include "ui/DateBox.h"
 #include "ui/ErrorLabel.h"
+#include "ui/EscapeKey.h"
 #include "ui/MoneyBox.h"
 #include "ui/Named.h"
 #include "ui/ReturnKey.h"
@@ -136,6 +137,7 @@ BudgetTransferPanel::BudgetTransferPanel(Interaction &interaction, QWidget *pare
     layout->addWidget(m_list, 1);
     m_change->hide();
     ReturnKey::install(this, {m_change, m_transfer});
+    EscapeKey::install(this, clear);
 }
 
 void BudgetTransferPanel::setDataFiles(const DataSnapshot &data)

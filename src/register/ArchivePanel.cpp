@@ -5,6 +5,7 @@
 #include "core/Interaction.h"
 #include "register/CopyRows.h"
 #include "register/RegisterModel.h"
+#include "ui/EscapeKey.h"
 #include "ui/Named.h"
 #include "ui/PaddedRowsProxy.h"
 
@@ -109,6 +110,7 @@ ArchivePanel::ArchivePanel(Interaction &interaction, QWidget *parent)
     connect(m_archived, &QComboBox::activated, this, &ArchivePanel::onArchiveChosen);
     connect(m_deleteArchived, &QPushButton::clicked, this, &ArchivePanel::onDeleteArchive);
     connect(m_close, &QPushButton::clicked, this, &ArchivePanel::onClose);
+    EscapeKey::install(this, m_close);
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -10,7 +10,9 @@
 #include "reports/SearchSummary.h"
 #include "ui/ColumnFit.h"
 #include "ui/DateBox.h"
+#include "ui/EscapeKey.h"
 #include "ui/Named.h"
+#include "ui/ReturnKey.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -168,6 +170,8 @@ SearchPanel::SearchPanel(Interaction &interaction, QWidget *parent)
     connect(m_clear, &QPushButton::clicked, this, [this] { onClear(); });
     connect(m_copy, &QPushButton::clicked, this, [this] { onCopy(); });
     connect(m_errorButton, &QPushButton::clicked, this, [this] { hideError(); });
+    ReturnKey::install(this, {m_search});
+    EscapeKey::install(this, m_clear);
     connect(m_account, &QComboBox::activated, this, [this] { onAccountChosen(); });
     connect(m_grid, &QTableView::clicked, this,
             [this](const QModelIndex &index) { onResultClicked(index); });

@@ -12,6 +12,7 @@
 #include "register/CheckNumbers.h"
 #include "register/LinkedRecords.h"
 #include "ui/DateBox.h"
+#include "ui/EscapeKey.h"
 #include "ui/MoneyBox.h"
 #include "ui/Named.h"
 #include "ui/ReturnKey.h"
@@ -111,6 +112,7 @@ TransferPanel::TransferPanel(Interaction &interaction, QWidget *parent)
     layout->addLayout(buttons);
     layout->addStretch();
     ReturnKey::install(this, {m_enter}, {m_checkNumbers->box()});
+    EscapeKey::install(this, clear);
     onClear();
 }
 
