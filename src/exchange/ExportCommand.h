@@ -11,9 +11,10 @@
 
 class Interaction;
 
-// The "Export…" button (cmdExport): asks for a file through the interaction
-// seam, whose name's ending picks the format, asks the date form of a CSV
-// file, writes the transactions and says how it went.
+// The "Export…" button (cmdExport on the register panel, cmdSrchExport on the
+// search panel): asks for a file through the interaction seam, whose name's
+// ending picks the format, asks the date form of a CSV file, writes the
+// transactions and says how it went. A file in the data folder is refused.
 class ExportCommand : public QPushButton
 {
     Q_OBJECT
