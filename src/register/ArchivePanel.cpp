@@ -12,6 +12,7 @@
 #include <QAction>
 #include <QComboBox>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -65,11 +66,13 @@ ArchivePanel::ArchivePanel(Interaction &interaction, QWidget *parent)
     m_archived->setMinimumWidth(200);
     m_deleteArchived = named(new QPushButton(tr("Remove from Archive"), view), "cmdDelArchive");
     m_close = named(new QPushButton(tr("Close"), view), "cmdCloseArch");
-    auto *viewRow = new QHBoxLayout(view);
+    // The list has a line of its own: its entries name the account's kind too.
+    auto *viewRow = new QGridLayout(view);
     viewRow->setContentsMargins(0, 0, 0, 0);
-    viewRow->addWidget(m_archived, 1);
-    viewRow->addWidget(m_deleteArchived);
-    viewRow->addWidget(m_close);
+    viewRow->addWidget(m_archived, 0, 0, 1, 3);
+    viewRow->setColumnStretch(0, 1);
+    viewRow->addWidget(m_deleteArchived, 1, 1);
+    viewRow->addWidget(m_close, 1, 2);
     m_sides->addWidget(remove);
     m_sides->addWidget(view);
     m_sides->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);

@@ -111,34 +111,28 @@ QList<int> ColumnFit::widths(const QList<Column> &columns, const QList<int> &wan
         result[last] += spare - given;
         return result;
     }
-    // Short of room: in proportion to what each wants, none under its
-    // minimum; a column held at its minimum leaves the rest to the others.
-    const QList<int> want = result;
-    QList<qsizetype> open;
+    // Short of room: the widest texts give way first. Every share column is
+    // held to one cap (none under its minimum), the largest cap that fits, so
+    // a short type or category stays whole while a long payee is cut.
+    auto capped = [&](int cap) {
+        int sum = 0;
+        for (qsizetype c = 0; c < n; ++c)
+            if (columns[c].kind == Share && chosen.value(c) <= 0)
+                sum += std::max(columns[c].minimum, std::min(result[c], cap));
+        return sum;
+    };
+    int low = 0;
+    int high = *std::max_element(result.begin(), result.end());
+    while (low < high) {
+        const int mid = (low + high + 1) / 2;
+        if (capped(mid) <= left)
+            low = mid;
+        else
+            high = mid - 1;
+    }
     for (qsizetype c = 0; c < n; ++c)
         if (columns[c].kind == Share && chosen.value(c) <= 0)
-            open << c;
-    bool held = true;
-    while (held && !open.isEmpty()) {
-        held = false;
-        qint64 wantedSum = 0;
-        for (qsizetype c : open)
-            wantedSum += want[c];
-        for (qsizetype i = 0; i < open.size(); ++i) {
-            const qsizetype c = open[i];
-            if (std::max(left, 0) * qint64(want[c]) / std::max<qint64>(wantedSum, 1)
-                < columns[c].minimum) {
-                result[c] = columns[c].minimum;
-                left -= result[c];
-                open.removeAt(i);
-                held = true;
-                break;
-            }
-        }
-        if (!held)
-            for (qsizetype c : open)
-                result[c] = int(std::max(left, 0) * qint64(want[c]) / wantedSum);
-    }
+            result[c] = std::max(columns[c].minimum, std::min(result[c], low));
     return result;
 }
 

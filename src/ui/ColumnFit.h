@@ -10,8 +10,8 @@ class QTableView;
 // grid, by its object name, in the per-user settings, group "Columns").
 //
 // A Content column is as wide as its widest text. The Share columns take the
-// rest of the grid's width, each as wide as its text when there is room, and
-// in proportion to it when there is not (never under its minimum). An
+// rest of the grid's width, each as wide as its text when there is room;
+// when there is not, the widest give way first (never under a minimum). An
 // Overflow column takes its text's width after the others when it fits, and
 // lies past the right edge (reached by scrolling) when it does not.
 class ColumnFit : public QObject

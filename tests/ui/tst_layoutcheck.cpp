@@ -119,9 +119,11 @@ void TestLayoutCheck::columnWidths_data()
     // cleared date (Overflow), wanting 50, 100, 60 and 70 pixels.
     const QList<int> none{0, 0, 0, 0};
     QTest::newRow("room to spare goes to the texts") << 400 << none << QList<int>{50, 175, 105, 70};
-    QTest::newRow("short: texts in proportion") << 250 << none << QList<int>{50, 81, 48, 70};
-    QTest::newRow("shorter: the date goes past the edge, a text keeps its minimum")
-        << 150 << none << QList<int>{50, 60, 40, 70};
+    QTest::newRow("short: the longer text gives way") << 250 << none << QList<int>{50, 70, 60, 70};
+    QTest::newRow("shorter: the date goes past the edge")
+        << 150 << none << QList<int>{50, 50, 50, 70};
+    QTest::newRow("shortest: no text under its minimum")
+        << 100 << none << QList<int>{50, 40, 40, 70};
     QTest::newRow("a width the user chose stays")
         << 400 << QList<int>{0, 120, 0, 0} << QList<int>{50, 120, 160, 70};
 }
