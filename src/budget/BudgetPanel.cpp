@@ -153,6 +153,8 @@ QWidget *BudgetPanel::buildEditor()
     QPushButton *rename = button(tr("Rename"), "cmdRenameBudCat");
     QPushButton *remove = button(tr("Remove"), "cmdRemoveBud");
     QPushButton *clear = button(tr("Clear"), "cmdClearList");
+    rename->setToolTip(tr("Give the category chosen above a new name"));
+    remove->setToolTip(tr("Remove the category; money left in it goes to disposable cash"));
     connect(m_category, &QComboBox::activated, this, &BudgetPanel::onCategoryChosen);
     connect(save, &QPushButton::clicked, this, &BudgetPanel::onSave);
     connect(rename, &QPushButton::clicked, this, &BudgetPanel::onRename);

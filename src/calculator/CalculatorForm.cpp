@@ -131,6 +131,10 @@ QWidget *CalculatorForm::buildKeypad()
                      [this] { return m_engine.squareRoot(); });
     auto *negate = key(QStringLiteral("+/-"), QStringLiteral("cmdNegitive"),
                        [this] { return done([this] { m_engine.negate(); }); });
+    m_percent->setToolTip(tr("Percent: the figure as a percentage of the one before it"));
+    reciprocal->setToolTip(tr("One divided by the figure"));
+    root->setToolTip(tr("Square root"));
+    negate->setToolTip(tr("Change the sign"));
     m_backspace = key(QStringLiteral("Back"), QStringLiteral("cmdBackspace"),
                       [this] { return m_engine.backspace(); });
     m_cancelEntry = key(QStringLiteral("CE"), QStringLiteral("cmdCancelEntry"),

@@ -90,6 +90,8 @@ BalancingPanel::BalancingPanel(Interaction &interaction, QWidget *parent)
 
     m_ok = named(new QPushButton(tr("OK"), this), "cmdOKBankState");
     m_cancel = named(new QPushButton(tr("Cancel"), this), "cmdCancelBankState");
+    m_ok->setToolTip(tr("Mark the ticked transactions cleared by this statement"));
+    m_cancel->setToolTip(tr("Take away the ticks and the statement's figures"));
     connect(m_ok, &QPushButton::clicked, this, &BalancingPanel::onConfirm);
     connect(m_cancel, &QPushButton::clicked, this, &BalancingPanel::onCancel);
 

@@ -65,6 +65,10 @@ ArchivePanel::ArchivePanel(Interaction &interaction, QWidget *parent)
     m_archived = named(new QComboBox(view), "cmbArchiveList");
     m_archived->setMinimumWidth(200);
     m_deleteArchived = named(new QPushButton(tr("Remove from Archive"), view), "cmdDelArchive");
+    m_archive->setToolTip(
+        tr("Take the account out of the list; its register stays, to be read here later"));
+    m_delete->setToolTip(tr("Delete the account and its register for good"));
+    m_deleteArchived->setToolTip(tr("Delete the archived register for good"));
     m_close = named(new QPushButton(tr("Close"), view), "cmdCloseArch");
     // The list has a line of its own: its entries name the account's kind too.
     auto *viewRow = new QGridLayout(view);

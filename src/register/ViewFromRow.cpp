@@ -20,6 +20,8 @@ ViewFromRow::ViewFromRow(QWidget *parent) : QWidget(parent)
     m_date->setObjectName(QStringLiteral("cmbDate(9)"));
     m_ok = new QPushButton(tr("OK"), this);
     m_ok->setObjectName(QStringLiteral("cmdviewdate"));
+    m_view->setToolTip(tr("List the register from a date on, or all of it"));
+    m_ok->setToolTip(tr("List the register from this date on"));
     connect(m_view, &QPushButton::clicked, this, &ViewFromRow::viewRequested);
     auto choose = [this] { Q_EMIT dateChosen(m_date->currentText()); };
     connect(m_ok, &QPushButton::clicked, this, choose);

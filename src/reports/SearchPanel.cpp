@@ -171,6 +171,7 @@ SearchPanel::SearchPanel(Interaction &interaction, QWidget *parent)
     connect(m_copy, &QPushButton::clicked, this, [this] { onCopy(); });
     connect(m_errorButton, &QPushButton::clicked, this, [this] { hideError(); });
     ReturnKey::install(this, {m_search});
+    m_copy->setToolTip(tr("Copy the transactions found to the clipboard"));
     EscapeKey::install(this, m_clear);
     connect(m_account, &QComboBox::activated, this, [this] { onAccountChosen(); });
     connect(m_grid, &QTableView::clicked, this,
