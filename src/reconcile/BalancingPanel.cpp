@@ -81,9 +81,9 @@ BalancingPanel::BalancingPanel(Interaction &interaction, QWidget *parent)
     m_grid->setColumnHidden(StatementModel::RecNum, true);
     m_grid->horizontalHeader()->setMinimumSectionSize(20);
     using C = ColumnFit::Column;
-    ColumnFit::install(m_grid, {C{ColumnFit::Content, 28}, C{ColumnFit::Share, 52, 130},
-                                C{ColumnFit::Content}, C{ColumnFit::Share, 64, 400},
-                                C{ColumnFit::Share, 40, 180}, C{ColumnFit::Share, 40, 300},
+    ColumnFit::install(m_grid, {C{ColumnFit::Content, 28}, C{ColumnFit::Share, 52, 130, 150},
+                                C{ColumnFit::Content}, C{ColumnFit::Share, 64, 400, 130},
+                                C{ColumnFit::Share, 40, 180}, C{ColumnFit::Share, 40, 300, 80},
                                 C{ColumnFit::Content}, C{ColumnFit::Content}});
     connect(m_grid, &QTableView::clicked, this, &BalancingPanel::onCellClicked);
     m_grid->installEventFilter(this);

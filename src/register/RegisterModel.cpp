@@ -226,9 +226,9 @@ void RegisterModel::layOutColumns(QTableView *grid)
     using C = ColumnFit::Column;
     // The cleared date is the one column that may lie past the right edge
     // when the grid is narrow: the amounts and the balance come first.
-    ColumnFit::install(grid, {C{ColumnFit::Content, 18}, C{ColumnFit::Share, 52, 130},
-                              C{ColumnFit::Content}, C{ColumnFit::Share, 64, 400},
-                              C{ColumnFit::Share, 40, 180}, C{ColumnFit::Share, 40, 300},
+    ColumnFit::install(grid, {C{ColumnFit::Content, 18}, C{ColumnFit::Share, 52, 130, 150},
+                              C{ColumnFit::Content}, C{ColumnFit::Share, 64, 400, 130},
+                              C{ColumnFit::Share, 40, 180}, C{ColumnFit::Share, 40, 300, 80},
                               C{ColumnFit::Content}, C{ColumnFit::Content}, C{ColumnFit::Content},
                               C{ColumnFit::Overflow}});
 }

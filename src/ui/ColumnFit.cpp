@@ -118,11 +118,12 @@ QList<int> ColumnFit::widths(const QList<Column> &columns, const QList<int> &wan
         int sum = 0;
         for (qsizetype c = 0; c < n; ++c)
             if (columns[c].kind == Share && chosen.value(c) <= 0)
-                sum += std::max(columns[c].minimum, std::min(result[c], cap));
+                sum += std::max(columns[c].minimum,
+                                std::min(result[c], cap * columns[c].weight / 100));
         return sum;
     };
     int low = 0;
-    int high = *std::max_element(result.begin(), result.end());
+    int high = 100 * *std::max_element(result.begin(), result.end());
     while (low < high) {
         const int mid = (low + high + 1) / 2;
         if (capped(mid) <= left)
@@ -132,7 +133,8 @@ QList<int> ColumnFit::widths(const QList<Column> &columns, const QList<int> &wan
     }
     for (qsizetype c = 0; c < n; ++c)
         if (columns[c].kind == Share && chosen.value(c) <= 0)
-            result[c] = std::max(columns[c].minimum, std::min(result[c], low));
+            result[c]
+                = std::max(columns[c].minimum, std::min(result[c], low * columns[c].weight / 100));
     return result;
 }
 

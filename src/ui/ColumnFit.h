@@ -24,6 +24,9 @@ public:
         Kind kind = Content;
         int minimum = 24;
         int maximum = 400;
+        // How much room a share column keeps when texts give way, in percent
+        // of the others': 150 keeps a short, telling text (a type) whole longer.
+        int weight = 100;
     };
 
     // Installs itself on the grid (and is deleted with it); the grid keeps

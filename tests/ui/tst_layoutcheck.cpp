@@ -115,17 +115,21 @@ void TestLayoutCheck::columnWidths_data()
     QTest::addColumn<int>("room");
     QTest::addColumn<QList<int>>("chosen");
     QTest::addColumn<QList<int>>("expected");
+    QTest::addColumn<int>("weight");
     // Columns: an amount (Content), two texts (Share, at least 40) and a
     // cleared date (Overflow), wanting 50, 100, 60 and 70 pixels.
     const QList<int> none{0, 0, 0, 0};
-    QTest::newRow("room to spare goes to the texts") << 400 << none << QList<int>{50, 175, 105, 70};
-    QTest::newRow("short: the longer text gives way") << 250 << none << QList<int>{50, 70, 60, 70};
+    QTest::newRow("room to spare goes to the texts")
+        << 400 << none << QList<int>{50, 175, 105, 70} << 100;
+    QTest::newRow("short: the longer text gives way")
+        << 250 << none << QList<int>{50, 70, 60, 70} << 100;
     QTest::newRow("shorter: the date goes past the edge")
-        << 150 << none << QList<int>{50, 50, 50, 70};
+        << 150 << none << QList<int>{50, 50, 50, 70} << 100;
     QTest::newRow("shortest: no text under its minimum")
-        << 100 << none << QList<int>{50, 40, 40, 70};
+        << 100 << none << QList<int>{50, 40, 40, 70} << 100;
     QTest::newRow("a width the user chose stays")
-        << 400 << QList<int>{0, 120, 0, 0} << QList<int>{50, 120, 160, 70};
+        << 400 << QList<int>{0, 120, 0, 0} << QList<int>{50, 120, 160, 70} << 100;
+    QTest::newRow("a heavier text keeps more") << 250 << none << QList<int>{50, 78, 52, 70} << 150;
 }
 
 void TestLayoutCheck::columnWidths()
@@ -133,9 +137,10 @@ void TestLayoutCheck::columnWidths()
     QFETCH(int, room);
     QFETCH(QList<int>, chosen);
     QFETCH(QList<int>, expected);
+    QFETCH(int, weight);
     using C = ColumnFit::Column;
-    const QList<C> columns{C{ColumnFit::Content}, C{ColumnFit::Share, 40}, C{ColumnFit::Share, 40},
-                           C{ColumnFit::Overflow}};
+    const QList<C> columns{C{ColumnFit::Content}, C{ColumnFit::Share, 40, 400, weight},
+                           C{ColumnFit::Share, 40}, C{ColumnFit::Overflow}};
     QCOMPARE(ColumnFit::widths(columns, {50, 100, 60, 70}, chosen, room), expected);
 }
 
