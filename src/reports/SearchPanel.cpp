@@ -137,11 +137,11 @@ SearchPanel::SearchPanel(Interaction &interaction, QWidget *parent)
     m_grid->verticalHeader()->hide();
     m_grid->verticalHeader()->setDefaultSectionSize(20);
     using C = ColumnFit::Column;
-    ColumnFit::install(m_grid,
-                       {C{ColumnFit::Share, 70, 200}, C{ColumnFit::Content},
-                        C{ColumnFit::Share, 52, 130, 150}, C{ColumnFit::Content},
-                        C{ColumnFit::Share, 80}, C{ColumnFit::Share, 50, 180},
-                        C{ColumnFit::Share, 50}, C{ColumnFit::Content}, C{ColumnFit::Content}});
+    ColumnFit::install(m_grid, {C{ColumnFit::Share, 60, 200}, C{ColumnFit::Content},
+                                C{ColumnFit::Share, 48, 130, 150}, C{ColumnFit::Content},
+                                C{ColumnFit::Share, 56, 400, 130}, C{ColumnFit::Share, 40, 180},
+                                C{ColumnFit::Share, 40, 400, 80}, C{ColumnFit::Content},
+                                C{ColumnFit::Content}});
 
     m_summary->setHorizontalHeaderLabels({tr("Item"), tr("Amount")});
     m_summaryGrid->setModel(m_summary);
