@@ -72,6 +72,8 @@ ChartsPanel::ChartsPanel(Interaction &interaction, QWidget *parent)
       m_tabs(named(new QTabWidget(this), "tabCharts"))
 {
     m_period->addItems(ChartPeriod::names());
+    // A whole year shows something even early in a month.
+    m_period->setCurrentIndex(int(ChartPeriod::Choice::Last12Months));
     m_note->setWordWrap(true);
 
     auto *choices = new QGridLayout;

@@ -62,9 +62,11 @@ EntryRow::EntryRow(Interaction &interaction, QWidget *parent)
     amount->setAlignment(Qt::AlignRight);
     date->setMinimumWidth(92);
     // The lists share the columns' room instead of setting it by their longest name.
-    for (QComboBox *list : {category, card}) {
+    // The type and payee lists likewise, so that at 800 x 600 the payee keeps
+    // room to read what is typed.
+    for (QComboBox *list : {category, card, type, payee}) {
         list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-        list->setMinimumContentsLength(8);
+        list->setMinimumContentsLength(6);
     }
     cleared->setFixedWidth(18);
     cleared->setToolTip(tr("Cleared by a bank statement"));

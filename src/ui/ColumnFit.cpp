@@ -65,6 +65,12 @@ ColumnFit::ColumnFit(QTableView *grid, QList<Column> columns)
         connect(model, &QAbstractItemModel::dataChanged, this, &ColumnFit::scheduleFit);
         connect(model, &QAbstractItemModel::headerDataChanged, this, &ColumnFit::scheduleFit);
     }
+    connect(grid->verticalScrollBar(), &QScrollBar::rangeChanged, this, [this](int, int maximum) {
+        if ((maximum > 0) != m_scrolling) {
+            m_scrolling = maximum > 0;
+            scheduleFit();
+        }
+    });
     fit();
 }
 
@@ -192,11 +198,13 @@ void ColumnFit::fit()
         return;
     m_fitting = true;
     // The room a grid has is its width less its frame and the vertical scroll
-    // bar, which is counted whenever the rows could need it.
+    // bar, which is counted while the rows need it (a change of that refits).
     int room = m_grid->width() - 2 * m_grid->frameWidth();
     if (m_grid->verticalHeader()->isVisible())
         room -= m_grid->verticalHeader()->width();
-    if (m_grid->verticalScrollBarPolicy() != Qt::ScrollBarAlwaysOff)
+    if (m_grid->verticalScrollBarPolicy() == Qt::ScrollBarAlwaysOn
+        || (m_grid->verticalScrollBarPolicy() == Qt::ScrollBarAsNeeded
+            && m_grid->verticalScrollBar()->maximum() > 0))
         room -= m_grid->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr,
                                              m_grid->verticalScrollBar());
     const QList<int> w = widths(m_columns, wantedWidths(), m_chosen, room);

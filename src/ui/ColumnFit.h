@@ -57,4 +57,5 @@ private:
     QList<int> m_beforeDrag;
     bool m_fitting = false;
     bool m_scheduled = false;
+    bool m_scrolling = false;
 };

@@ -83,7 +83,7 @@ QTableView { background: %base; alternate-background-color: %alternate; color: %
              selection-color: %selectionText; }
 #picHelp { background: %panel; border: 1px solid %gridLine; border-left: 3px solid %accent;
            border-radius: 4px; }
-#picPanelButtons QPushButton { padding: 4px 9px; }
+#picPanelButtons QPushButton { padding: 4px 7px; }
 #picPanelButtons QPushButton:checked { background: %accent; color: %accentText;
                                        border: 1px solid %accent; border-radius: 3px; }
 #picEntry { background: %panel; %check }
