@@ -685,6 +685,8 @@ void MainForm::setTheme(const QString &name)
     m_theme->setCurrentText(name);
     m_theme->setToolTip(tr("Colour theme: %1").arg(name));
     ThemeStyle::apply(*theme);
+    // Set once the panels exist; the windows the main window owns follow it.
+    ThemeStyle::dress(this);
     if (m_settings.ThemeName.text() != name) {
         m_settings.ThemeName = name;
         saveSettings();

@@ -16,7 +16,7 @@ namespace {
 
 // The rows looked at for a column's widest text: all of a short list, the
 // first and last ones of a long one (a register holds up to 32,767).
-constexpr int SampleRows = 300;
+constexpr int SampleRows = 120;
 
 QSettings userSettings()
 {
@@ -59,11 +59,17 @@ ColumnFit::ColumnFit(QTableView *grid, QList<Column> columns)
         }
     });
     if (QAbstractItemModel *model = grid->model()) {
-        connect(model, &QAbstractItemModel::modelReset, this, &ColumnFit::scheduleFit);
-        connect(model, &QAbstractItemModel::layoutChanged, this, &ColumnFit::scheduleFit);
-        connect(model, &QAbstractItemModel::rowsInserted, this, &ColumnFit::scheduleFit);
-        connect(model, &QAbstractItemModel::dataChanged, this, &ColumnFit::scheduleFit);
-        connect(model, &QAbstractItemModel::headerDataChanged, this, &ColumnFit::scheduleFit);
+        // The texts are measured again only when they change; a resize
+        // shares out the room by the widths measured last.
+        auto changed = [this] {
+            m_measured = false;
+            scheduleFit();
+        };
+        connect(model, &QAbstractItemModel::modelReset, this, changed);
+        connect(model, &QAbstractItemModel::layoutChanged, this, changed);
+        connect(model, &QAbstractItemModel::rowsInserted, this, changed);
+        connect(model, &QAbstractItemModel::dataChanged, this, changed);
+        connect(model, &QAbstractItemModel::headerDataChanged, this, changed);
     }
     connect(grid->verticalScrollBar(), &QScrollBar::rangeChanged, this, [this](int, int maximum) {
         if ((maximum > 0) != m_scrolling) {
@@ -194,7 +200,8 @@ void ColumnFit::scheduleFit()
 
 void ColumnFit::fit()
 {
-    if (m_fitting || !m_grid->model())
+    // A grid out of sight is fitted when it is shown.
+    if (m_fitting || !m_grid->model() || !m_grid->isVisible())
         return;
     m_fitting = true;
     // The room a grid has is its width less its frame and the vertical scroll
@@ -207,7 +214,11 @@ void ColumnFit::fit()
             && m_grid->verticalScrollBar()->maximum() > 0))
         room -= m_grid->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr,
                                              m_grid->verticalScrollBar());
-    const QList<int> w = widths(m_columns, wantedWidths(), m_chosen, room);
+    if (!m_measured) {
+        m_wanted = wantedWidths();
+        m_measured = true;
+    }
+    const QList<int> w = widths(m_columns, m_wanted, m_chosen, room);
     QHeaderView *header = m_grid->horizontalHeader();
     for (qsizetype c = 0; c < w.size() && c < header->count(); ++c)
         if (!header->isSectionHidden(int(c)) && header->sectionSize(int(c)) != w[c])
@@ -232,7 +243,11 @@ bool ColumnFit::eventFilter(QObject *watched, QEvent *event)
     QHeaderView *header = m_grid->horizontalHeader();
     if (watched == m_grid && (event->type() == QEvent::Resize || event->type() == QEvent::Show))
         scheduleFit();
-    else if (watched == header->viewport() && event->type() == QEvent::MouseButtonPress) {
+    else if (watched == m_grid
+             && (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)) {
+        m_measured = false;
+        scheduleFit();
+    } else if (watched == header->viewport() && event->type() == QEvent::MouseButtonPress) {
         m_beforeDrag.clear();
         for (int c = 0; c < header->count(); ++c)
             m_beforeDrag << header->sectionSize(c);

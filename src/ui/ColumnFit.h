@@ -58,4 +58,6 @@ private:
     bool m_fitting = false;
     bool m_scheduled = false;
     bool m_scrolling = false;
+    QList<int> m_wanted;
+    bool m_measured = false;
 };
