@@ -290,31 +290,21 @@ private Q_SLOTS:
         QTest::addColumn<QString>("problem");
         QTest::addColumn<QString>("kept");
 
-        const QString max = EntryChecks::MaxAmountText;
-        QTest::newRow("whole") << "50"
-                               << ""
-                               << " 50";
-        QTest::newRow("negative") << "-12.50"
-                                  << ""
-                                  << "-12.5";
-        QTest::newRow("blank") << ""
-                               << ""
-                               << " 0";
-        QTest::newRow("ninety billion") << "90,000,000,000" << max << "";
-        QTest::newRow("minus ninety billion") << "-90000000000" << max << "";
-        QTest::newRow("a cent below") << "89,999,999,999.99"
-                                      << ""
-                                      << " 89999999999.99";
-        QTest::newRow("a cent above minus") << "-89999999999.99"
-                                            << ""
-                                            << "-89999999999.99";
-        QTest::newRow("not a number") << "12x"
-                                      << "The monthly amount must be a number"
-                                      << "";
+        const QString max = EntryChecks::MaxAmountText, ok;
+        auto row
+            = [](const char *name, const char *typed, const QString &problem, const char *kept) {
+                  QTest::newRow(name) << QString(typed) << problem << QString(kept);
+              };
+        row("whole", "50", ok, " 50");
+        row("negative", "-12.50", ok, "-12.5");
+        row("blank", "", ok, " 0");
+        row("ninety billion", "90,000,000,000", max, "");
+        row("minus ninety billion", "-90000000000", max, "");
+        row("a cent below", "89,999,999,999.99", ok, " 89999999999.99");
+        row("a cent above minus", "-89999999999.99", ok, "-89999999999.99");
+        row("not a number", "12x", "The monthly amount must be a number", "");
         // Too many digits for the 15-character field: kept to the cent, not cut.
-        QTest::newRow("long decimals") << "1234567890.1234"
-                                       << ""
-                                       << " 1234567890.12";
+        row("long decimals", "1234567890.1234", ok, " 1234567890.12");
     }
 
     void amounts()
@@ -334,13 +324,11 @@ private Q_SLOTS:
         QTest::addColumn<QString>("error");
         QTest::addColumn<bool>("ok");
 
-        QTest::newRow("twenty characters") << "  Twenty characters! "
-                                           << "" << true;
+        QTest::newRow("twenty characters") << "  Twenty characters! " << QString() << true;
         QTest::newRow("twenty-one")
             << "Twenty-one characters" << BudgetCategories::NameTooLong << false;
         QTest::newRow("Deleted") << " Deleted " << BudgetCategories::NameReserved << false;
-        QTest::newRow("blank") << "   "
-                               << "" << false;
+        QTest::newRow("blank") << "   " << QString() << false;
     }
 
     // Saving a new category and renaming one take the same names.

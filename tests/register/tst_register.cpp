@@ -83,36 +83,28 @@ private Q_SLOTS:
         QTest::addColumn<QString>("warning");
         QTest::addColumn<bool>("notice");
 
-        QTest::newRow("to exactly zero") << "Withdrawal"
-                                         << "100.00" << 100'00LL << 0LL << 0 << "" << false;
-        QTest::newRow("one cent over") << "Withdrawal"
-                                       << "100.01" << 100'00LL << 0LL << 0
-                                       << overdrawn("$100.01", "$100.00", "$0.01") << false;
-        QTest::newRow("check over") << "Check # 1001"
-                                    << "1,250" << 1'000'00LL << 0LL << 0
-                                    << overdrawn("$1,250.00", "$1,000.00", "$250.00") << false;
-        QTest::newRow("change 50 into 60") << "Withdrawal"
-                                           << "60.00" << 5'00LL << -50'00LL << 0
-                                           << overdrawn("$60.00", "$55.00", "$5.00") << false;
-        QTest::newRow("change 50 into 55") << "Withdrawal"
-                                           << "55.00" << 5'00LL << -50'00LL << 0 << "" << false;
-        QTest::newRow("deposit") << "Deposit"
-                                 << "5000" << 0LL << 0LL << 0 << "" << false;
-        QTest::newRow("deposit on a card") << "Deposit"
-                                           << "5" << 10'00LL << 0LL << 2 << "" << true;
-        QTest::newRow("auto charge, balance up")
-            << "Auto Charge"
-            << "1,000,000" << 1'00LL << 0LL << 0 << "" << false;
-        QTest::newRow("auto charge, balance down")
-            << "Auto Charge"
-            << "10" << -1'00LL << 0LL << 0 << overdrawn("$0.00", "($1.00)", "$1.00") << false;
-        QTest::newRow("auto charge on a card") << "Auto Charge"
-                                               << "10" << 50'00LL << 0LL << 1 << "" << true;
-        QTest::newRow("withdrawal on a card") << "Withdrawal"
-                                              << "10" << 50'00LL << 0LL << 1 << "" << false;
-        QTest::newRow("opening debit")
-            << "Starting Balance"
-            << "10" << 0LL << 0LL << 1 << overdrawn("$10.00", "$0.00", "$10.00") << false;
+        auto row = [](const char *name, const char *type, const char *amount, qint64 balance,
+                      qint64 oldAmount, int card, const QString &warning, bool notice = false) {
+            QTest::newRow(name) << QString(type) << QString(amount) << balance << oldAmount << card
+                                << warning << notice;
+        };
+        row("to exactly zero", "Withdrawal", "100.00", 100'00LL, 0LL, 0, QString());
+        row("one cent over", "Withdrawal", "100.01", 100'00LL, 0LL, 0,
+            overdrawn("$100.01", "$100.00", "$0.01"));
+        row("check over", "Check # 1001", "1,250", 1'000'00LL, 0LL, 0,
+            overdrawn("$1,250.00", "$1,000.00", "$250.00"));
+        row("change 50 into 60", "Withdrawal", "60.00", 5'00LL, -50'00LL, 0,
+            overdrawn("$60.00", "$55.00", "$5.00"));
+        row("change 50 into 55", "Withdrawal", "55.00", 5'00LL, -50'00LL, 0, QString());
+        row("deposit", "Deposit", "5000", 0LL, 0LL, 0, QString());
+        row("deposit on a card", "Deposit", "5", 10'00LL, 0LL, 2, QString(), true);
+        row("auto charge, balance up", "Auto Charge", "1,000,000", 1'00LL, 0LL, 0, QString());
+        row("auto charge, balance down", "Auto Charge", "10", -1'00LL, 0LL, 0,
+            overdrawn("$0.00", "($1.00)", "$1.00"));
+        row("auto charge on a card", "Auto Charge", "10", 50'00LL, 0LL, 1, QString(), true);
+        row("withdrawal on a card", "Withdrawal", "10", 50'00LL, 0LL, 1, QString());
+        row("opening debit", "Starting Balance", "10", 0LL, 0LL, 1,
+            overdrawn("$10.00", "$0.00", "$10.00"));
     }
 
     void balanceWarning()
@@ -307,23 +299,19 @@ private Q_SLOTS:
         QTest::addColumn<int>("bud");
         QTest::addColumn<QString>("stored");
 
-        QTest::newRow("withdrawal, category")
-            << "CH"
-            << "Withdrawal" << 2 << "Withdrawal|7|-25|Groceries|7|Norm Trans|na|0|0";
-        QTest::newRow("next check")
-            << "CH" << CheckNumbers::offeredText(1001) << 0 << " 1001|6|-25|na|0|Norm Trans|na|0|0";
-        QTest::newRow("typed check") << "MM"
-                                     << "Check #00123" << 0 << "00123|6|-25|na|0|Norm Trans|na|0|0";
-        QTest::newRow("check in savings")
-            << "SV"
-            << "Check #12" << 0 << "Check #12|6|-25|na|0|Norm Trans|na|0|0";
-        QTest::newRow("check in a card")
-            << "CC"
-            << "Check #12" << 0 << "Check #12|6|-25|na|0|CC Trans|Visa|4|9";
-        QTest::newRow("charge") << "CC"
-                                << "Charge" << 2 << "Charge|14|-25|Groceries|7|CC Trans|Visa|4|9";
-        QTest::newRow("card credit") << "CC"
-                                     << " Credit " << 0 << "Credit|5|25|na|0|CC Trans|Visa|4|9";
+        auto row = [](const char *name, const char *kind, const QString &type, int bud,
+                      const char *stored) {
+            QTest::newRow(name) << QString(kind) << type << bud << QString(stored);
+        };
+        row("withdrawal, category", "CH", "Withdrawal", 2,
+            "Withdrawal|7|-25|Groceries|7|Norm Trans|na|0|0");
+        row("next check", "CH", CheckNumbers::offeredText(1001), 0,
+            " 1001|6|-25|na|0|Norm Trans|na|0|0");
+        row("typed check", "MM", "Check #00123", 0, "00123|6|-25|na|0|Norm Trans|na|0|0");
+        row("check in savings", "SV", "Check #12", 0, "Check #12|6|-25|na|0|Norm Trans|na|0|0");
+        row("check in a card", "CC", "Check #12", 0, "Check #12|6|-25|na|0|CC Trans|Visa|4|9");
+        row("charge", "CC", "Charge", 2, "Charge|14|-25|Groceries|7|CC Trans|Visa|4|9");
+        row("card credit", "CC", " Credit ", 0, "Credit|5|25|na|0|CC Trans|Visa|4|9");
     }
 
     void filledRecord()

@@ -129,8 +129,8 @@ private Q_SLOTS:
         QTest::addColumn<bool>("card");
         QTest::addColumn<QString>("text");
         QTest::addColumn<bool>("messageBox");
-        QTest::newRow("only the date missing") << "500"
-                                               << "" << false << EntryRules::CompleteAll << false;
+        QTest::newRow("only the date missing")
+            << "500" << QString() << false << EntryRules::CompleteAll << false;
         QTest::newRow("category and card")
             << "500"
             << "03/01/2025" << true << EntryRules::SelectCategory << false;

@@ -243,26 +243,21 @@ private Q_SLOTS:
         QTest::newRow("check from savings") << with([](Request &r) {
             r.fromBankNum = Savings, r.toBankNum = Everyday, r.typeText = "Check #12";
         }) << "Choose how the money leaves Savings"
-                                            << "";
+                                            << QString();
         QTest::newRow("check from a card")
             << with([](Request &r) { r.fromBankNum = Visa, r.typeText = "Check #12"; })
-            << "Choose how the money leaves Visa"
-            << "";
-        QTest::newRow("not a number")
-            << with([](Request &r) { r.amountText = "12x"; }) << "The amount must be a number"
-            << "";
+            << "Choose how the money leaves Visa" << QString();
+        QTest::newRow("not a number") << with([](Request &r) { r.amountText = "12x"; })
+                                      << "The amount must be a number" << QString();
         QTest::newRow("too large") << with([](Request &r) { r.amountText = "90,000,000,000"; })
                                    << EntryChecks::MaxAmountText << EntryChecks::MaxAmountTitle;
-        QTest::newRow("plus sign")
-            << with([](Request &r) { r.amountText = "+5"; }) << "Type the amount without a sign"
-            << "";
-        QTest::newRow("minus zero")
-            << with([](Request &r) { r.amountText = " -0"; }) << "Type the amount without a sign"
-            << "";
+        QTest::newRow("plus sign") << with([](Request &r) { r.amountText = "+5"; })
+                                   << "Type the amount without a sign" << QString();
+        QTest::newRow("minus zero") << with([](Request &r) { r.amountText = " -0"; })
+                                    << "Type the amount without a sign" << QString();
         // An account list damaged on disk: no file is built from the name.
         QTest::newRow("damaged to-name")
-            << with([](Request &r) { r.toBankNum = Amex + 1; }) << "damaged"
-            << "";
+            << with([](Request &r) { r.toBankNum = Amex + 1; }) << "damaged" << QString();
     }
 
     void refusals()
