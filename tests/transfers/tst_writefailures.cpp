@@ -48,13 +48,7 @@ struct Books
             AccountService(files).add({kind, name, true, start, kind == 3, QDate(2025, 1, 1)});
         foodNum
             = BudgetCategories(files).save(QStringLiteral("Food"), QStringLiteral("80"), {}).budNum;
-        BudgetTransfers::Request r;
-        r.date = QStringLiteral("03/01/2025");
-        r.description = QStringLiteral("Groceries money");
-        r.from = 0;
-        r.to = food();
-        r.amountText = QStringLiteral("80");
-        BudgetTransfers(files).single(r, true);
+        BudgetTransfers(files).single({"03/01/2025", "Groceries money", {}, 0, food(), "80"}, true);
     }
     int food() const { return foodNum; }
     QMap<QString, QByteArray> snapshot() const { return folderSnapshot(dir.path()); }
@@ -97,7 +91,8 @@ struct Operation
     Step run;   // the operation that meets the failing write
 };
 
-Operation operation(const QString &name)
+// Every kind of operation, by name.
+QMap<QString, Operation> operations()
 {
     const Step nothing = [](Books &) { return true; };
     const Step transfer
@@ -107,84 +102,60 @@ Operation operation(const QString &name)
         return RegisterService(b.files).add(Everyday, b.entry("Withdrawal", "12", Everyday, 1)).ok;
     };
     // The opening entry is record 1 of every register: what is set up is record 2.
-    if (name == QLatin1String("transfer"))
-        return {nothing, transfer};
-    if (name == QLatin1String("transfer change"))
-        return {transfer, [](Books &b) {
-                    return TransferService(b.files).change(Everyday, 2, b.transfer("40")).ok;
-                }};
-    if (name == QLatin1String("transfer void"))
-        return {transfer, [](Books &b) { return LinkedVoid::voidLinked(b.files, Savings, 2).ok; }};
-    if (name == QLatin1String("card payment"))
-        return {nothing, payment};
-    if (name == QLatin1String("card payment change"))
-        return {payment, [](Books &b) { return b.pay("35", 2); }};
-    if (name == QLatin1String("card payment void"))
-        return {payment, [](Books &b) { return LinkedVoid::voidLinked(b.files, Everyday, 2).ok; }};
-    if (name == QLatin1String("entry"))
-        return {nothing, entry};
-    if (name == QLatin1String("entry change"))
-        return {entry, [](Books &b) {
-                    const TransRecord old = RecordFile<TransRecord>(b.register_(Everyday)).read(2);
-                    return RegisterService(b.files)
-                        .change(Everyday, 2, b.entry("Withdrawal", "15", Everyday, 1, old))
-                        .ok;
-                }};
-    if (name == QLatin1String("entry void"))
-        return {entry,
-                [](Books &b) { return RegisterService(b.files).voidRecord(Everyday, 2).ok; }};
-    if (name == QLatin1String("account add"))
-        return {nothing, [](Books &b) {
-                    return AccountService(b.files)
-                        .add({3, "Store Card", true, "45", true, QDate(2025, 2, 1)})
-                        .ok;
-                }};
-    if (name == QLatin1String("account rename"))
-        return {payment, [](Books &b) {
-                    return AccountService(b.files).rename(Visa, QStringLiteral("Travel Visa")).ok;
-                }};
-    if (name == QLatin1String("budget transfer"))
-        return {nothing, [](Books &b) {
-                    BudgetTransfers::Request r;
-                    r.date = QStringLiteral("03/06/2025");
-                    r.description = QStringLiteral("Back to cash");
-                    r.from = b.food();
-                    r.to = 0;
-                    r.amountText = QStringLiteral("30");
-                    return BudgetTransfers(b.files).single(r, true).ok;
-                }};
-    if (name == QLatin1String("periodic budget transfer"))
-        return {nothing, [](Books &b) {
-                    BudgetTransfers::Request r;
-                    r.date = QStringLiteral("04/01/2025");
-                    r.description = QStringLiteral("Monthly");
-                    r.amountText = QStringLiteral("1");
-                    return BudgetTransfers(b.files).periodic(r, false).ok;
-                }};
-    if (name == QLatin1String("budget transfer removed"))
-        return {nothing, [](Books &b) { return BudgetTransfers(b.files).remove({1}).ok; }};
-    if (name == QLatin1String("budget category removed"))
-        return {nothing, [](Books &b) { return BudgetCategories(b.files).remove(b.food()).ok; }};
-    if (name == QLatin1String("payee removed"))
-        return {[](Books &b) {
-                    return PayeeBook(b.files)
-                        .add(Everyday, QStringLiteral("Everyday"), QStringLiteral("Bakery"))
-                        .ok;
-                },
-                [](Books &b) { return PayeeBook(b.files).remove(1).ok; }};
-    if (name == QLatin1String("budget category"))
-        return {nothing, [](Books &b) {
-                    return BudgetCategories(b.files)
-                        .save(QStringLiteral("Fuel"), QStringLiteral("60"), {})
-                        .ok;
-                }};
-    if (name == QLatin1String("payee"))
-        return {nothing, [](Books &b) {
-                    return PayeeBook(b.files)
-                        .add(Everyday, QStringLiteral("Everyday"), QStringLiteral("Bakery"))
-                        .ok;
-                }};
-    return {};
+    return {{"transfer", {nothing, transfer}},
+            {"transfer change",
+             {transfer,
+              [](Books &b) {
+                  return TransferService(b.files).change(Everyday, 2, b.transfer("40")).ok;
+              }}},
+            {"transfer void",
+             {transfer, [](Books &b) { return LinkedVoid::voidLinked(b.files, Savings, 2).ok; }}},
+            {"card payment", {nothing, payment}},
+            {"card payment change", {payment, [](Books &b) { return b.pay("35", 2); }}},
+            {"card payment void",
+             {payment, [](Books &b) { return LinkedVoid::voidLinked(b.files, Everyday, 2).ok; }}},
+            {"entry", {nothing, entry}},
+            {"entry change",
+             {entry,
+              [](Books &b) {
+                  const TransRecord old = RecordFile<TransRecord>(b.register_(Everyday)).read(2);
+                  return RegisterService(b.files)
+                      .change(Everyday, 2, b.entry("Withdrawal", "15", Everyday, 1, old))
+                      .ok;
+              }}},
+            {"entry void",
+             {entry, [](Books &b) { return RegisterService(b.files).voidRecord(Everyday, 2).ok; }}},
+            {"account add",
+             {nothing,
+              [](Books &b) {
+                  return AccountService(b.files)
+                      .add({3, "Store Card", true, "45", true, QDate(2025, 2, 1)})
+                      .ok;
+              }}},
+            {"account rename",
+             {payment,
+              [](Books &b) {
+                  return AccountService(b.files).rename(Visa, QStringLiteral("Travel Visa")).ok;
+              }}},
+            {"budget transfer",
+             {nothing,
+              [](Books &b) {
+                  return BudgetTransfers(b.files)
+                      .single({"03/06/2025", "Back to cash", {}, b.food(), 0, "30"}, true)
+                      .ok;
+              }}},
+            {"budget category",
+             {nothing,
+              [](Books &b) {
+                  return BudgetCategories(b.files)
+                      .save(QStringLiteral("Fuel"), QStringLiteral("60"), {})
+                      .ok;
+              }}},
+            {"payee", {nothing, [](Books &b) {
+                           return PayeeBook(b.files)
+                               .add(Everyday, QStringLiteral("Everyday"), QStringLiteral("Bakery"))
+                               .ok;
+                       }}}};
 }
 
 // Fails the n-th change to a data file, or (lasting) every change from it on,
@@ -225,21 +196,6 @@ bool setImmutable(const QString &path, bool on)
     return ok;
 }
 
-const char *const Operations[] = {"transfer",
-                                  "transfer change",
-                                  "transfer void",
-                                  "card payment",
-                                  "card payment change",
-                                  "card payment void",
-                                  "entry",
-                                  "entry change",
-                                  "entry void",
-                                  "account add",
-                                  "account rename",
-                                  "budget transfer",
-                                  "budget category",
-                                  "payee"};
-
 } // namespace
 
 class TestWriteFailures : public QObject
@@ -250,14 +206,14 @@ private Q_SLOTS:
     void everyFailingWrite_data()
     {
         QTest::addColumn<QString>("name");
-        for (const char *name : Operations)
-            QTest::newRow(name) << QString::fromLatin1(name);
+        for (const QString &name : operations().keys())
+            QTest::newRow(qPrintable(name)) << name;
     }
 
     void everyFailingWrite()
     {
         QFETCH(QString, name);
-        const Operation op = operation(name);
+        const Operation op = operations().value(name);
         QVERIFY(op.run);
 
         // The operation whole, counting the changes it makes.
@@ -306,10 +262,10 @@ private Q_SLOTS:
     // writes over it.
     void nextSaveFinishesAKeptJournal()
     {
-        const Operation op = operation(QStringLiteral("transfer"));
+        const Operation op = operations().value(QStringLiteral("transfer"));
         Books whole;
         QVERIFY(op.run(whole));
-        QVERIFY(operation(QStringLiteral("payee")).run(whole));
+        QVERIFY(operations().value(QStringLiteral("payee")).run(whole));
         const auto bothDone = whole.snapshot();
 
         Books b;
@@ -318,7 +274,7 @@ private Q_SLOTS:
             QVERIFY(!op.run(b));
         }
         QVERIFY(QFileInfo::exists(b.journal()));
-        QVERIFY(operation(QStringLiteral("payee")).run(b));
+        QVERIFY(operations().value(QStringLiteral("payee")).run(b));
         QVERIFY(!QFileInfo::exists(b.journal()));
         QVERIFY(b.snapshot() == bothDone);
     }
