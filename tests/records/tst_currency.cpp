@@ -53,22 +53,17 @@ private Q_SLOTS:
         QTest::addColumn<qint64>("raw");
         QTest::addColumn<QString>("currency");
         QTest::addColumn<QString>("fixed");
-        QTest::newRow("half cent up") << qint64(50) << "$0.01"
-                                      << "0.01";
-        QTest::newRow("half cent away from zero") << qint64(-50) << "($0.01)"
-                                                  << "-0.01";
-        QTest::newRow("under half cent") << qint64(49) << "$0.00"
-                                         << "0.00";
-        QTest::newRow("negative rounds to zero") << qint64(-49) << "$0.00"
-                                                 << "0.00";
-        QTest::newRow("negative grouping") << qint64(-12345600) << "($1,234.56)"
-                                           << "-1234.56";
-        QTest::newRow("carry into thousands") << qint64(9999950) << "$1,000.00"
-                                              << "1000.00";
-        QTest::newRow("three groups") << qint64(12345678912) << "$1,234,567.89"
-                                      << "1234567.89";
-        QTest::newRow("largest") << qint64(899999999999999) << "$90,000,000,000.00"
-                                 << "90000000000.00";
+        auto row = [](const char *name, qint64 raw, const char *currency, const char *fixed) {
+            QTest::newRow(name) << raw << QString(currency) << QString(fixed);
+        };
+        row("half cent up", 50, "$0.01", "0.01");
+        row("half cent away from zero", -50, "($0.01)", "-0.01");
+        row("under half cent", 49, "$0.00", "0.00");
+        row("negative rounds to zero", -49, "$0.00", "0.00");
+        row("negative grouping", -12345600, "($1,234.56)", "-1234.56");
+        row("carry into thousands", 9999950, "$1,000.00", "1000.00");
+        row("three groups", 12345678912, "$1,234,567.89", "1234567.89");
+        row("largest", 899999999999999, "$90,000,000,000.00", "90000000000.00");
     }
     void display()
     {
