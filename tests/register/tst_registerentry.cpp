@@ -129,16 +129,14 @@ private Q_SLOTS:
         QTest::addColumn<bool>("card");
         QTest::addColumn<QString>("text");
         QTest::addColumn<bool>("messageBox");
-        QTest::newRow("only the date missing")
-            << "500" << QString() << false << EntryRules::CompleteAll << false;
-        QTest::newRow("category and card")
-            << "500"
-            << "03/01/2025" << true << EntryRules::SelectCategory << false;
-        QTest::newRow("bad date") << "500"
-                                  << "13/45/2025" << false << EntryChecks::BadDateText << true;
-        QTest::newRow("amount not a number")
-            << "abc"
-            << "03/01/2025" << false << QStringLiteral("The amount must be a number") << false;
+        auto row = [](const char *name, const char *amount, const char *date, bool card,
+                      const QString &text, bool messageBox = false) {
+            QTest::newRow(name) << QString(amount) << QString(date) << card << text << messageBox;
+        };
+        row("only the date missing", "500", "", false, EntryRules::CompleteAll);
+        row("category and card", "500", "03/01/2025", true, EntryRules::SelectCategory);
+        row("bad date", "500", "13/45/2025", false, EntryChecks::BadDateText, true);
+        row("amount not a number", "abc", "03/01/2025", false, "The amount must be a number");
     }
     void refusedBeforeAnything()
     {
@@ -205,19 +203,11 @@ private Q_SLOTS:
         QCOMPARE(out.result, RegisterEntry::Outcome::Result::Cancelled);
     }
 
-    // The balance check's edges: exactly zero is fine, a cent more warns; a
-    // change is measured from the balance without its old amount; a card
+    // A change is measured from the balance without its old amount; a card
     // account is never warned, whatever it is charged ("Auto Charge" too).
+    // (The edges of the balance rule itself are the register's own test.)
     void balanceEdges()
     {
-        {
-            Books b;
-            QVERIFY(b.enter(b.bank, request(QStringLiteral("Withdrawal"), "100.00")).written());
-            QVERIFY(b.ui.said.isEmpty());
-            b.ui.cancels = {true};
-            QVERIFY(!b.enter(b.bank, request(QStringLiteral("Withdrawal"), "0.01")).written());
-            QCOMPARE(b.ui.said.size(), 2);
-        }
         {
             Books b("5.00");
             EntryRequest r = request(QStringLiteral("Withdrawal"), "50.00");
