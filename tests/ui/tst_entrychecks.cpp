@@ -1,6 +1,5 @@
 #include "core/EntryChecks.h"
 #include "records/TransactionTypes.h"
-#include "register/EntryRules.h"
 
 #include <QtTest>
 
@@ -78,35 +77,6 @@ private Q_SLOTS:
     {
         QFETCH(QString, text);
         QTEST(EntryChecks::hasSign(text), "sign");
-    }
-
-    // The account-balance warning of the register and of the transfer panel,
-    // byte for byte: same words, their own titles and line ends.
-    void balanceWarningTexts()
-    {
-        const EntryChecks::BalanceShortfall s{Currency::fromCents(1'250'00), "Everyday",
-                                              Currency::fromCents(1'000'00),
-                                              Currency::fromCents(-250'00)};
-        QCOMPARE(EntryChecks::RegisterBalanceTitle.toUtf8(),
-                 QByteArray("Account Balance Exceeded"));
-        QCOMPARE(
-            EntryChecks::registerBalanceText(s).toUtf8(),
-            QByteArray("The transaction amount of $1,250.00 exceeds the Everyday balance of "
-                       "$1,000.00 by $250.00.\n\n     ---- The Account will go negative. ----"));
-        QCOMPARE(EntryChecks::TransferBalanceTitle.toUtf8(),
-                 QByteArray("Account Balance exceeded"));
-        QCOMPARE(EntryChecks::transferBalanceText(s).toUtf8(),
-                 QByteArray("The transfer amount of $1,250.00 exceeds the Everyday balance of "
-                            "$1,000.00 by $250.00.\r\n\r\n     ---- The Account will go "
-                            "negative. ----"));
-
-        // The register's entry row takes its text from there.
-        EntryRules::Input in;
-        in.typeText = QStringLiteral("Withdrawal");
-        in.amountText = QStringLiteral("1,250");
-        const auto check = EntryRules::checkAccountBalance(in, "Everyday", s.balance, false, {});
-        QCOMPARE(check.warning.value_or(QString()), EntryChecks::registerBalanceText(s));
-        QCOMPARE(EntryRules::BalanceExceededTitle, EntryChecks::RegisterBalanceTitle);
     }
 };
 
