@@ -43,15 +43,14 @@ void TestScriptRunner::escapesTranscriptStrings_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("quoted");
-    QTest::newRow("CR LF is one break") << "a\r\nb\n"
-                                        << R"("a\nb\n")";
-    QTest::newRow("lone CR") << "a\rb"
-                             << R"("a\rb")";
-    QTest::newRow("tab and backslash") << "C:\\x\ty"
-                                       << R"("C:\\x\ty")";
-    QTest::newRow("quotes") << "say \"hi\""
-                            << R"("say \"hi\"")";
-    QTest::newRow("other control") << QString(QChar(1)) << R"("\x01")";
+    const std::pair<QString, const char *> rows[]
+        = {{"a\r\nb\n", R"("a\nb\n")"},       // CR LF is one break
+           {"a\rb", R"("a\rb")"},             // a lone CR
+           {"C:\\x\ty", R"("C:\\x\ty")"},     // tab and backslash
+           {"say \"hi\"", R"("say \"hi\"")"}, // quotes
+           {QString(QChar(1)), R"("\x01")"}}; // another control character
+    for (const auto &[text, quoted] : rows)
+        QTest::newRow(quoted) << text << QString(quoted);
 }
 
 void TestScriptRunner::escapesTranscriptStrings()
@@ -91,25 +90,11 @@ void TestScriptRunner::windowsTakeQueuedAnswers()
     QCOMPARE(s.fund(QStringLiteral("A"), QStringLiteral("b")), 1);
     QVERIFY(s.takeFault());
     QVERIFY(!s.takeFault());
-    s.beep();
-    s.print(QStringLiteral("Register"),
-            {QStringLiteral("Date\tAmount"), QStringLiteral("\"x\""), QString()});
-    s.setClipboard(QStringLiteral("12.50"));
-    s.openUrl(QStringLiteral("https://example.org/help"));
-    QCOMPARE(lines,
+    // (How answered boxes are written down is pinned by every scenario transcript.)
+    QCOMPARE(lines.mid(3),
              QStringList({
-                 R"(msgbox title="T" text="Saved" icon=information buttons=OK -> OK)",
-                 R"(msgbox title="T" text="Delete?" icon=question buttons=YesNo -> No)",
-                 R"(fund title="Over budget" text="Food is over.\nGo on?" -> Cancel)",
                  R"(msgbox title="T" text="Go?" icon=critical buttons=YesNoCancel -> (no answer))",
                  R"(fund title="A" text="b" -> (no answer))",
-                 "beep",
-                 R"(print job="Register")",
-                 R"(| Date\tAmount)",
-                 R"(| "x")",
-                 "| ",
-                 R"(clipboard text="12.50")",
-                 R"(open url="https://example.org/help")",
              }));
 
     // An answer for another window, or naming a button the window lacks, is a fault of its line.
