@@ -54,20 +54,16 @@ private Q_SLOTS:
         QTest::addColumn<Values>("saved");
         QTest::addColumn<QString>("panel");
         QTest::addColumn<QString>("button");
-        QTest::newRow("register") << Values{0, 0, 0, 0} << "register"
-                                  << "cmdRegister";
-        QTest::newRow("transfers") << Values{1, 0, 0, 0} << "transfer"
-                                   << "cmdTransfer";
-        QTest::newRow("budget") << Values{2, 0, 0, 0} << "budget"
-                                << "cmdBudget";
-        QTest::newRow("budget transfers") << Values{3, 0, 2, 3} << "budgettransfer"
-                                          << "cmdBudgetTransfer";
-        QTest::newRow("account form over budget") << Values{2, 1, 0, 0} << "accounts"
-                                                  << "cmdAccounts";
-        QTest::newRow("unused value in place 1") << Values{1, 3, 0, 0} << "transfer"
-                                                 << "cmdTransfer";
-        QTest::newRow("out of range") << Values{7, -2, 0, 0} << "register"
-                                      << "cmdRegister";
+        auto row = [](const char *name, Values saved, const char *panel, const char *button) {
+            QTest::newRow(name) << saved << QString(panel) << QString(button);
+        };
+        row("register", {0, 0, 0, 0}, "register", "cmdRegister");
+        row("transfers", {1, 0, 0, 0}, "transfer", "cmdTransfer");
+        row("budget", {2, 0, 0, 0}, "budget", "cmdBudget");
+        row("budget transfers", {3, 0, 2, 3}, "budgettransfer", "cmdBudgetTransfer");
+        row("account form over budget", {2, 1, 0, 0}, "accounts", "cmdAccounts");
+        row("unused value in place 1", {1, 3, 0, 0}, "transfer", "cmdTransfer");
+        row("out of range", {7, -2, 0, 0}, "register", "cmdRegister");
     }
     void savedStateOpensItsPanel()
     {

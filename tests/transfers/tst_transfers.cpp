@@ -105,23 +105,13 @@ QString fields(const TransRecord &r)
                               .arg(r.PaidToBankName.text())
                               .arg(r.PaidToBankNum)
                               .arg(r.PaidToBankTransRecNum);
-    return QStringList{QString::number(r.Tranno),
-                       r.Status.text(),
-                       r.Type.text(),
-                       QString::number(r.TypeNum),
-                       r.Date.text(),
-                       r.DateClear.text(),
-                       r.Description.text(),
-                       r.Memo.text(),
-                       QString::number(r.BudNum),
-                       r.BudName.text(),
-                       r.TransClass.text(),
-                       r.CCBankName.text(),
-                       QString::number(r.CCBankNum),
-                       QString::number(r.CCBudNum),
-                       r.Amount.toFixedText(),
-                       links}
-        .join('|');
+    QStringList out;
+    out << QString::number(r.Tranno) << r.Status.text() << r.Type.text()
+        << QString::number(r.TypeNum) << r.Date.text() << r.DateClear.text() << r.Description.text()
+        << r.Memo.text() << QString::number(r.BudNum) << r.BudName.text() << r.TransClass.text()
+        << r.CCBankName.text() << QString::number(r.CCBankNum) << QString::number(r.CCBudNum)
+        << r.Amount.toFixedText() << links;
+    return out.join('|');
 }
 
 // Rows for a transfer and a payment, each with a second choice off and on.
