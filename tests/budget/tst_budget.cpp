@@ -353,39 +353,31 @@ private Q_SLOTS:
         QTest::addColumn<QString>("error");
         QTest::addColumn<QString>("title");
 
-        const QString ok = "03/01/2025", all = BudgetTransfers::CompleteAll, none;
+        const QString ok = "03/01/2025", all = BudgetTransfers::CompleteAll;
         const QString setUp = BudgetTransfers::SetUpBudget,
                       same = BudgetTransfers::DifferentCategories;
         const QString date = EntryChecks::BadDateText, dateTitle = EntryChecks::BadDateTitle;
         const QString fixed = "That transfer cannot be changed";
-        QTest::newRow("periodic, amount 0")
-            << "periodic" << Request{ok, "d", {}, -1, -1, "0"} << setUp << none;
-        QTest::newRow("nothing budgeted")
-            << "zero" << Request{ok, "d", {}, -1, -1, "25"} << setUp << none;
-        QTest::newRow("bad date") << "periodic" << Request{"02/30/2025", "d", {}, -1, -1, "5"}
-                                  << date << dateTitle;
-        QTest::newRow("periodic, no description")
-            << "periodic" << Request{ok, "  ", {}, -1, -1, "5"} << all << none;
+        auto row = [](const char *name, const char *kind, const Request &request,
+                      const QString &error, const QString &title = {}) {
+            QTest::newRow(name) << QString(kind) << request << error << title;
+        };
+        row("periodic, amount 0", "periodic", {ok, "d", {}, -1, -1, "0"}, setUp);
+        row("nothing budgeted", "zero", {ok, "d", {}, -1, -1, "25"}, setUp);
+        row("bad date", "periodic", {"02/30/2025", "d", {}, -1, -1, "5"}, date, dateTitle);
+        row("periodic, no description", "periodic", {ok, "  ", {}, -1, -1, "5"}, all);
         // Stored, "Deleted" would mark the transfer's record free: it would vanish from the list.
         const QString reserved = BudgetTransfers::DescriptionReserved;
-        QTest::newRow("periodic, described Deleted")
-            << "periodic" << Request{ok, " Deleted ", {}, -1, -1, "5"} << reserved << none;
-        QTest::newRow("single, described Deleted")
-            << "single" << Request{ok, "Deleted", {}, 0, 1, "5"} << reserved << none;
-        QTest::newRow("change, described DELETED")
-            << "change" << Request{ok, "DELETED", {}, 0, 1, "5"} << reserved << none;
-        QTest::newRow("single, no source")
-            << "single" << Request{ok, "d", {}, -1, 1, "5"} << all << none;
-        QTest::newRow("single, same")
-            << "single" << Request{ok, "d", {}, 1, 1, "5"} << same << none;
-        QTest::newRow("cash to cash")
-            << "single" << Request{ok, "d", {}, 0, 0, "5"} << same << none;
-        QTest::newRow("change, same")
-            << "change" << Request{ok, "d", {}, 1, 1, "5"} << same << none;
-        QTest::newRow("change, no amount")
-            << "change" << Request{ok, "d", {}, 0, 1, ""} << all << none;
-        QTest::newRow("change periodic")
-            << "change periodic" << Request{ok, "d", {}, 0, 1, "5"} << fixed << none;
+        row("periodic, described Deleted", "periodic", {ok, " Deleted ", {}, -1, -1, "5"},
+            reserved);
+        row("single, described Deleted", "single", {ok, "Deleted", {}, 0, 1, "5"}, reserved);
+        row("change, described DELETED", "change", {ok, "DELETED", {}, 0, 1, "5"}, reserved);
+        row("single, no source", "single", {ok, "d", {}, -1, 1, "5"}, all);
+        row("single, same", "single", {ok, "d", {}, 1, 1, "5"}, same);
+        row("cash to cash", "single", {ok, "d", {}, 0, 0, "5"}, same);
+        row("change, same", "change", {ok, "d", {}, 1, 1, "5"}, same);
+        row("change, no amount", "change", {ok, "d", {}, 0, 1, ""}, all);
+        row("change periodic", "change periodic", {ok, "d", {}, 0, 1, "5"}, fixed);
     }
 
     void transferRefusals()
