@@ -30,14 +30,8 @@ class TestPrintedReports : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void messagesKeepTheirWording()
-    {
-        QCOMPARE(CountNotAboveZero, QStringLiteral(" please select a number greater then 0"));
-        QCOMPARE(SelectAccount, QStringLiteral(" Please select an account"));
-        QCOMPARE(SelectTwoDates, QStringLiteral(" Please select two dates "));
-        QCOMPARE(NoPrinter, QStringLiteral("No Printer Installed"));
-    }
-
+    // The headings and the refusals' wording are pinned by the print scenario;
+    // here the figures: a card owing, a category beside a card's.
     void bankAccountsWithSummary()
     {
         ReportsFixture fx;
@@ -45,11 +39,6 @@ private Q_SLOTS:
         fx.addAccount(QStringLiteral("Visa"), QStringLiteral("CC"), -2500);
         const QStringList lines = accountsReport(fx.accounts, Printed);
         const QStringList expected{
-            QStringLiteral("Page 1"),
-            QStringLiteral(" Bank Accounts   (11/21/2026)"),
-            QString(43, QLatin1Char('_')),
-            QStringLiteral("Account Name                   Balance "),
-            QString(43, QLatin1Char('_')),
             QStringLiteral("Checking"),
             QStringLiteral("Main Checking..................$1,234.56"),
             QStringLiteral("Credit Cards"),
@@ -62,7 +51,7 @@ private Q_SLOTS:
             QString(31, QLatin1Char(' ')) + QString(15, QLatin1Char('_')),
             QStringLiteral("Net Balance..................  $1,209.56"),
         };
-        QCOMPARE(lines, expected);
+        QCOMPARE(lines.mid(5), expected);
     }
 
     void budgetWithCardSectionAndSummary()
@@ -83,11 +72,6 @@ private Q_SLOTS:
         card.Balance = Currency::fromCents(2000);
         const QStringList lines = budgetReport({card, food}, fx.accounts, Printed);
         const QStringList expected{
-            QStringLiteral("Page 1"),
-            QStringLiteral("Budget   (11/21/2026)"),
-            QString(55, QLatin1Char('_')),
-            QStringLiteral("Category                       Monthly      Balance "),
-            QString(55, QLatin1Char('_')),
             QStringLiteral("Groceries                      $400.00      $125.50"),
             QString(),
             QStringLiteral("Credit Cards"),
@@ -101,7 +85,7 @@ private Q_SLOTS:
             QString(30, QLatin1Char(' ')) + QString(14, QLatin1Char('_')),
             QStringLiteral("Disposable Cash................$854.50"),
         };
-        QCOMPARE(lines, expected);
+        QCOMPARE(lines.mid(5), expected);
     }
 
     void longReportRepeatsItsHeaderOnEveryPage()
