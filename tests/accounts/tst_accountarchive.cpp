@@ -94,10 +94,6 @@ QByteArray bytesOf(const QString &path)
     return folderSnapshot(QFileInfo(path).path()).value(QFileInfo(path).fileName());
 }
 
-struct Killed
-{
-};
-
 } // namespace
 
 class AccountArchiveTest : public QObject
@@ -315,49 +311,6 @@ private Q_SLOTS:
         QCOMPARE(AccountArchive(sample).RemoveAccount(1, AccountArchive::ArchiveMode).archNum, 1);
         QCOMPARE(AccountArchive(sample).entries().size(), std::size_t(1));
         QCOMPARE(archive.entries().size(), std::size_t(2));
-    }
-
-    // Killed at any step after the journal is valid, the next start finishes
-    // the archive or delete.
-    void interruptedRemovalEndsAllOldOrAllNew_data()
-    {
-        QTest::addColumn<int>("mode");
-        QTest::addColumn<int>("bankNum");
-        QTest::newRow("delete a card") << 0 << 3;
-        QTest::newRow("archive a card") << 1 << 3;
-        QTest::newRow("archive savings") << 1 << 2;
-        QTest::newRow("remove an archive entry") << 2 << 1;
-    }
-    void interruptedRemovalEndsAllOldOrAllNew()
-    {
-        QFETCH(int, mode);
-        QFETCH(int, bankNum);
-        const auto run = [&](const DataFiles &f) {
-            return mode == 2 ? AccountArchive(f).deleteEntry(bankNum)
-                             : AccountArchive(f).RemoveAccount(bankNum, mode);
-        };
-        QTemporaryDir ref;
-        const DataFiles rf = setUp(ref.path());
-        int steps = 0;
-        UnitOfWork::setStepHook([&steps](int done) { steps = std::max(steps, done); });
-        QVERIFY(run(rf).ok);
-        UnitOfWork::setStepHook({});
-        const auto allNew = folderSnapshot(ref.path());
-        QVERIFY(steps >= 2);
-
-        for (int k = 0; k <= steps; ++k) {
-            QTemporaryDir dir;
-            const DataFiles f = setUp(dir.path());
-            UnitOfWork::setStepHook([k](int done) {
-                if (done == k)
-                    throw Killed{};
-            });
-            QVERIFY_THROWS_EXCEPTION(Killed, run(f));
-            UnitOfWork::setStepHook({});
-            QVERIFY(UnitOfWork::recover(dir.path()));
-            QVERIFY2(folderSnapshot(dir.path()) == allNew,
-                     qPrintable(QStringLiteral("step %1").arg(k)));
-        }
     }
 };
 

@@ -295,45 +295,6 @@ private Q_SLOTS:
         QVERIFY(AccountService(f).rename(2, QStringLiteral("TRAVEL CARD")).ok);
         QCOMPARE(RecordFile<TransRecord>(f.registerFile(QStringLiteral("TRAVEL CARD"))).count(), 2);
     }
-
-    // A rename stopped at any step after its journal is valid is finished by
-    // the next start's recovery, leaving every file exactly as a whole rename.
-    void interruptedRenameRecoversToAllNew()
-    {
-        QTemporaryDir ref;
-        setUpForRename(ref.path());
-        QVERIFY(AccountService(DataFiles(ref.path(), false))
-                    .rename(2, QStringLiteral("Travel Card"))
-                    .ok);
-        const auto allNew = folderSnapshot(ref.path());
-
-        struct Killed
-        {
-        };
-        for (int k = 0;; ++k) {
-            QTemporaryDir dir;
-            setUpForRename(dir.path());
-            bool killed = false;
-            UnitOfWork::setStepHook([k](int done) {
-                if (done == k)
-                    throw Killed{};
-            });
-            try {
-                AccountService(DataFiles(dir.path(), false))
-                    .rename(2, QStringLiteral("Travel Card"));
-            } catch (const Killed &) {
-                killed = true;
-            }
-            UnitOfWork::setStepHook({});
-            if (!killed) {
-                QVERIFY2(k > 6, "a rename has a rename step and at least six record writes");
-                break;
-            }
-            QVERIFY(UnitOfWork::recover(dir.path()));
-            QVERIFY2(folderSnapshot(dir.path()) == allNew,
-                     qPrintable(QStringLiteral("step %1").arg(k)));
-        }
-    }
 };
 
 QTEST_GUILESS_MAIN(AccountServiceTest)

@@ -454,44 +454,6 @@ private Q_SLOTS:
         QCOMPARE(b.balance(Visa), Currency::fromUnits(-300));
         QCOMPARE(b.category(), Currency::fromUnits(120));
     }
-
-    // Stopped after any step of its commit, an entry is finished by the next
-    // start's recovery: registers, balances and category exactly as a whole run.
-    void interruptedCommit_data()
-    {
-        QTest::addColumn<bool>("payment");
-        QTest::newRow("transfer by check") << false;
-        QTest::newRow("card payment") << true;
-    }
-
-    void interruptedCommit()
-    {
-        QFETCH(bool, payment);
-        auto run = [payment](Books &b) {
-            return payment ? b.pay("20").ok : b.move(Everyday, Visa, "Check # 7", "20");
-        };
-        Books whole;
-        QVERIFY(run(whole));
-        const auto allNew = whole.snapshot();
-        QVERIFY(allNew != Books().snapshot());
-
-        for (int k = 0;; ++k) {
-            Books b;
-            bool killed = false;
-            UnitOfWork::setStepHook([k](int done) { done == k ? throw k : void(); });
-            try {
-                run(b);
-            } catch (int) {
-                killed = true;
-            }
-            UnitOfWork::setStepHook({});
-            QVERIFY2(killed || k > 4, "two register writes and two account writes at least");
-            if (!killed)
-                break;
-            QVERIFY(UnitOfWork::recover(b.dir.path()));
-            QVERIFY2(b.snapshot() == allNew, qPrintable(QStringLiteral("step %1").arg(k)));
-        }
-    }
 };
 
 QTEST_GUILESS_MAIN(TestTransfers)

@@ -4,6 +4,7 @@
 // The user is told once, in a message box, either way.
 
 #include "FolderSnapshot.h"
+#include "accounts/AccountArchive.h"
 #include "accounts/AccountBook.h"
 #include "accounts/AccountService.h"
 #include "budget/BudgetBook.h"
@@ -101,61 +102,78 @@ QMap<QString, Operation> operations()
     const Step entry = [](Books &b) {
         return RegisterService(b.files).add(Everyday, b.entry("Withdrawal", "12", Everyday, 1)).ok;
     };
+    const Step archiveSavings = [](Books &b) {
+        return AccountArchive(b.files).RemoveAccount(Savings, AccountArchive::ArchiveMode).ok;
+    };
     // The opening entry is record 1 of every register: what is set up is record 2.
-    return {{"transfer", {nothing, transfer}},
-            {"transfer change",
-             {transfer,
-              [](Books &b) {
-                  return TransferService(b.files).change(Everyday, 2, b.transfer("40")).ok;
-              }}},
-            {"transfer void",
-             {transfer, [](Books &b) { return LinkedVoid::voidLinked(b.files, Savings, 2).ok; }}},
-            {"card payment", {nothing, payment}},
-            {"card payment change", {payment, [](Books &b) { return b.pay("35", 2); }}},
-            {"card payment void",
-             {payment, [](Books &b) { return LinkedVoid::voidLinked(b.files, Everyday, 2).ok; }}},
-            {"entry", {nothing, entry}},
-            {"entry change",
-             {entry,
-              [](Books &b) {
-                  const TransRecord old = RecordFile<TransRecord>(b.register_(Everyday)).read(2);
-                  return RegisterService(b.files)
-                      .change(Everyday, 2, b.entry("Withdrawal", "15", Everyday, 1, old))
-                      .ok;
-              }}},
-            {"entry void",
-             {entry, [](Books &b) { return RegisterService(b.files).voidRecord(Everyday, 2).ok; }}},
-            {"account add",
-             {nothing,
-              [](Books &b) {
-                  return AccountService(b.files)
-                      .add({3, "Store Card", true, "45", true, QDate(2025, 2, 1)})
-                      .ok;
-              }}},
-            {"account rename",
-             {payment,
-              [](Books &b) {
-                  return AccountService(b.files).rename(Visa, QStringLiteral("Travel Visa")).ok;
-              }}},
-            {"budget transfer",
-             {nothing,
-              [](Books &b) {
-                  return BudgetTransfers(b.files)
-                      .single({"03/06/2025", "Back to cash", {}, b.food(), 0, "30"}, true)
-                      .ok;
-              }}},
-            {"budget category",
-             {nothing,
-              [](Books &b) {
-                  return BudgetCategories(b.files)
-                      .save(QStringLiteral("Fuel"), QStringLiteral("60"), {})
-                      .ok;
-              }}},
-            {"payee", {nothing, [](Books &b) {
-                           return PayeeBook(b.files)
-                               .add(Everyday, QStringLiteral("Everyday"), QStringLiteral("Bakery"))
-                               .ok;
-                       }}}};
+    return {
+        {"card deleted",
+         {payment,
+          [](Books &b) {
+              return AccountArchive(b.files).RemoveAccount(Visa, AccountArchive::DeleteMode).ok;
+          }}},
+        {"card archived",
+         {payment,
+          [](Books &b) {
+              return AccountArchive(b.files).RemoveAccount(Visa, AccountArchive::ArchiveMode).ok;
+          }}},
+        {"savings archived", {transfer, archiveSavings}},
+        {"archive entry removed",
+         {archiveSavings, [](Books &b) { return AccountArchive(b.files).deleteEntry(1).ok; }}},
+        {"transfer", {nothing, transfer}},
+        {"transfer change",
+         {transfer,
+          [](Books &b) {
+              return TransferService(b.files).change(Everyday, 2, b.transfer("40")).ok;
+          }}},
+        {"transfer void",
+         {transfer, [](Books &b) { return LinkedVoid::voidLinked(b.files, Savings, 2).ok; }}},
+        {"card payment", {nothing, payment}},
+        {"card payment change", {payment, [](Books &b) { return b.pay("35", 2); }}},
+        {"card payment void",
+         {payment, [](Books &b) { return LinkedVoid::voidLinked(b.files, Everyday, 2).ok; }}},
+        {"entry", {nothing, entry}},
+        {"entry change",
+         {entry,
+          [](Books &b) {
+              const TransRecord old = RecordFile<TransRecord>(b.register_(Everyday)).read(2);
+              return RegisterService(b.files)
+                  .change(Everyday, 2, b.entry("Withdrawal", "15", Everyday, 1, old))
+                  .ok;
+          }}},
+        {"entry void",
+         {entry, [](Books &b) { return RegisterService(b.files).voidRecord(Everyday, 2).ok; }}},
+        {"account add",
+         {nothing,
+          [](Books &b) {
+              return AccountService(b.files)
+                  .add({3, "Store Card", true, "45", true, QDate(2025, 2, 1)})
+                  .ok;
+          }}},
+        {"account rename",
+         {payment,
+          [](Books &b) {
+              return AccountService(b.files).rename(Visa, QStringLiteral("Travel Visa")).ok;
+          }}},
+        {"budget transfer",
+         {nothing,
+          [](Books &b) {
+              return BudgetTransfers(b.files)
+                  .single({"03/06/2025", "Back to cash", {}, b.food(), 0, "30"}, true)
+                  .ok;
+          }}},
+        {"budget category",
+         {nothing,
+          [](Books &b) {
+              return BudgetCategories(b.files)
+                  .save(QStringLiteral("Fuel"), QStringLiteral("60"), {})
+                  .ok;
+          }}},
+        {"payee", {nothing, [](Books &b) {
+                       return PayeeBook(b.files)
+                           .add(Everyday, QStringLiteral("Everyday"), QStringLiteral("Bakery"))
+                           .ok;
+                   }}}};
 }
 
 // Fails the n-th change to a data file, or (lasting) every change from it on,
