@@ -21,10 +21,6 @@
 
 namespace {
 
-struct Killed
-{
-};
-
 TransRecord entry(const char *payee, qint64 cents, const char *status = "OP")
 {
     TransRecord t = TransactionTemplate::blank();
@@ -83,7 +79,6 @@ private Q_SLOTS:
     void confirmChecksInOrder();
     void explanationWordsAndAmounts();
     void clearingWritesTickedRecordsOnly();
-    void clearingIsAllOrNothing();
     void correctionRecordByteForByte();
     void correctionOnACardAndOnAFullRegister();
     void priorStatementsAndUnclearing();
@@ -298,43 +293,6 @@ void TestStatement::clearingWritesTickedRecordsOnly()
         = StatementBook(b.files).clear(b.bank, b.name, QDate(2026, 11, 30), {fee, pay});
     QVERIFY(!again.ok && again.relist);
     QVERIFY(folderSnapshot(b.dir.path()) == before);
-}
-
-void TestStatement::clearingIsAllOrNothing()
-{
-    Books b;
-    std::vector<int> ticked;
-    for (int i = 1; i <= 4; ++i)
-        ticked.push_back(b.add(entry("pay", 100 * i)));
-    // Killed after the first record reached the disk: the next start finishes it.
-    UnitOfWork::setStepHook([](int done) {
-        if (done == 1)
-            throw Killed{};
-    });
-    bool killed = false;
-    try {
-        StatementBook(b.files).clear(b.bank, b.name, QDate(2026, 10, 31), ticked);
-    } catch (const Killed &) {
-        killed = true;
-    }
-    UnitOfWork::setStepHook({});
-    QVERIFY(killed);
-    QVERIFY(UnitOfWork::recover(b.dir.path()));
-    for (int n : ticked)
-        QCOMPARE(b.record(n).Status.text(), QStringLiteral("CL"));
-
-    // A write that fails half way puts back what was written.
-    Books c;
-    std::vector<int> more;
-    for (int i = 1; i <= 4; ++i)
-        more.push_back(c.add(entry("pay", 100 * i)));
-    const auto cBefore = folderSnapshot(c.dir.path());
-    UnitOfWork::setFaultHook([](int k) { return k == 3; });
-    const auto r = StatementBook(c.files).clear(c.bank, c.name, QDate(2026, 10, 31), more);
-    UnitOfWork::setFaultHook({});
-    QVERIFY(!r.ok);
-    QCOMPARE(r.title, UnitOfWork::FailureTitle);
-    QVERIFY(folderSnapshot(c.dir.path()) == cBefore);
 }
 
 void TestStatement::correctionRecordByteForByte()

@@ -10,6 +10,7 @@
 #include "budget/BudgetBook.h"
 #include "budget/BudgetCategories.h"
 #include "budget/BudgetTransfers.h"
+#include "reconcile/StatementBook.h"
 #include "records/RecordFile.h"
 #include "records/TransactionTemplate.h"
 #include "records/UnitOfWork.h"
@@ -118,6 +119,13 @@ QMap<QString, Operation> operations()
               return AccountArchive(b.files).RemoveAccount(Visa, AccountArchive::ArchiveMode).ok;
           }}},
         {"savings archived", {transfer, archiveSavings}},
+        {"statement cleared",
+         {[transfer, entry](Books &b) { return transfer(b) && entry(b); },
+          [](Books &b) {
+              return StatementBook(b.files)
+                  .clear(Everyday, "Everyday", QDate(2025, 3, 31), {2, 3})
+                  .ok;
+          }}},
         {"archive entry removed",
          {archiveSavings, [](Books &b) { return AccountArchive(b.files).deleteEntry(1).ok; }}},
         {"transfer", {nothing, transfer}},
