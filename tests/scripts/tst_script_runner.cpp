@@ -11,7 +11,6 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
-#include <QHeaderView>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -32,7 +31,6 @@ private Q_SLOTS:
     void windowsTakeQueuedAnswers();
     void questionsAndFileDialogs();
     void windowsReportShownAndClosed();
-    void gridRowZeroIsTheHeader();
     void controlsGetRealInputEvents();
     void modalWindowOutsideTheSeamIsClosed();
     void scriptErrorsNameTheLine_data();
@@ -183,29 +181,6 @@ void TestScriptRunner::windowsReportShownAndClosed()
     dialog->reject();
     QCOMPARE(lines, QStringList({"window frmCalc shown", "window frmCalc closed",
                                  "window frmCalc shown", "window frmCalc closed"}));
-}
-
-// Row 0 of a script's grid is the header; row 1 is the first row of the model.
-void TestScriptRunner::gridRowZeroIsTheHeader()
-{
-    QTableView table;
-    QStandardItemModel model(2, 2);
-    model.setHorizontalHeaderLabels({QStringLiteral("Name"), QStringLiteral("Amount")});
-    model.setItem(0, 1, new QStandardItem(QStringLiteral("$1.00")));
-    table.setModel(&model);
-    table.show();
-    QSignalSpy clicked(&table, &QTableView::clicked);
-    QSignalSpy header(table.horizontalHeader(), &QHeaderView::sectionClicked);
-    QCOMPARE(ScriptControls::clickCell(&table, QStringLiteral("g"), 1, 1), QString());
-    QCOMPARE(ScriptControls::clickCell(&table, QStringLiteral("g"), 0, 1), QString());
-    QCOMPARE(clicked.size(), 1);
-    QCOMPARE(clicked.at(0).at(0).value<QModelIndex>(), model.index(0, 1));
-    QCOMPARE(header.size(), 1);
-    QCOMPARE(header.at(0).at(0).toInt(), 1);
-    QVERIFY(!ScriptControls::clickCell(&table, QStringLiteral("g"), 3, 0).isEmpty());
-    QStringList rows;
-    QCOMPARE(ScriptControls::gridRows(&table, QStringLiteral("g"), &rows), QString());
-    QCOMPARE(rows, QStringList({"0 \"Name\" \"Amount\"", "1 \"\" \"$1.00\"", "2 \"\" \"\""}));
 }
 
 namespace {
