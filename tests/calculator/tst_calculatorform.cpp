@@ -4,6 +4,7 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QtTest>
@@ -64,6 +65,17 @@ class CalculatorFormTest : public QObject
 
 private Q_SLOTS:
     void init() { m_seam = RecordingInteraction(); }
+
+    // The tape follows the engine's: a replaced operator rewrites its line.
+    void replacedOperatorRewritesTheTape()
+    {
+        CalculatorForm form(m_seam);
+        for (const char *name : {"cmdNumber(2)", "cmdOperator(1)", "cmdOperator(3)"})
+            click(&form, name);
+        auto *tape = control<QListWidget>(&form, "lstTape");
+        QCOMPARE(tape->count(), 1);
+        QCOMPARE(tape->item(0)->text().trimmed(), QStringLiteral("2.00 -"));
+    }
 
     void divideByZeroIsReported()
     {

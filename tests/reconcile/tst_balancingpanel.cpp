@@ -14,6 +14,7 @@
 #include "register/RegisterService.h"
 
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -118,6 +119,7 @@ class TestBalancingPanel : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
+    void spaceTicksAndTheFiguresFollow();
     void priorStatementTickTakenBack();
     void startingBalanceTakenFromTheBank();
     void newEntriesAndChangesFromTheRegister();
@@ -125,6 +127,21 @@ private Q_SLOTS:
     void badInputKeepsTheTicks();
     void tickPicturesOrDrawnMarks();
 };
+
+// Space on the current row ticks it as a click does; the caption says which
+// way the figures differ.
+void TestBalancingPanel::spaceTicksAndTheFiguresFollow()
+{
+    Desk d;
+    d.grid()->setFocus();
+    d.grid()->setCurrentIndex(d.panel.model()->index(d.rowOf(3), 2));
+    QTest::keyClick(d.grid(), Qt::Key_Space);
+    QVERIFY(d.ticked(d.rowOf(3)));
+    QCOMPARE(d.text("txtat(1)"), QStringLiteral("100.20"));
+    d.type("cmbamt(7)", "100.00");
+    QCOMPARE(d.get<QLabel>("lblBSDifference")->text(), QStringLiteral("Balance over by"));
+    QCOMPARE(d.text("txtat(2)"), QStringLiteral("-0.20"));
+}
 
 // Ticks, figures, a confirm that does not balance, one that does and the
 // prior statement's list are driven by the balancing scenario; here what it
