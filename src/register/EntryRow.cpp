@@ -134,3 +134,33 @@ void EntryRow::showSignOptions(bool shown)
     debit->setVisible(shown);
     credit->setVisible(shown);
 }
+
+EntryRules::Input EntryRow::input() const
+{
+    EntryRules::Input in;
+    in.typeText = type->currentText();
+    in.payee = payee->currentText();
+    in.amountText = amount->text();
+    in.dateText = date->currentText();
+    in.memo = memo->text();
+    in.budgetIndex = category->currentIndex();
+    if (in.budgetIndex > 0) {
+        in.budNum = category->currentData().toInt();
+        in.budName = category->currentText();
+    }
+    in.cardIndex = card->currentIndex();
+    in.debit = debit->isChecked();
+    return in;
+}
+
+QStringList EntryRow::state(bool loaded) const
+{
+    return {loaded ? type->currentText() : QString(),
+            date->currentText(),
+            payee->currentText(),
+            amount->text(),
+            memo->text(),
+            QString::number(category->currentIndex()),
+            QString::number(card->currentIndex()),
+            QString::number(debit->isChecked())};
+}

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "register/EntryRules.h"
+
+#include <QStringList>
 #include <QWidget>
 
 class CheckNumberPrompt;
@@ -42,4 +45,10 @@ public:
 
     // The sign options matter only for an account's starting balance.
     void showSignOptions(bool shown);
+    // What the row holds, as Enter reads it.
+    EntryRules::Input input() const;
+    // What the row shows, to tell whether anything was typed since it was
+    // loaded or cleared. A new entry's type alone is a choice, not typing; a
+    // loaded transaction's type is part of it.
+    QStringList state(bool loaded) const;
 };

@@ -320,25 +320,6 @@ bool RegisterPanel::refreshEntered(const RegisterEntry::Outcome &outcome, const 
     return true;
 }
 
-EntryRules::Input RegisterPanel::input() const
-{
-    const EntryRow *e = m_entry;
-    EntryRules::Input in;
-    in.typeText = e->type->currentText();
-    in.payee = e->payee->currentText();
-    in.amountText = e->amount->text();
-    in.dateText = e->date->currentText();
-    in.memo = e->memo->text();
-    in.budgetIndex = e->category->currentIndex();
-    if (in.budgetIndex > 0) {
-        in.budNum = e->category->currentData().toInt();
-        in.budName = e->category->currentText();
-    }
-    in.cardIndex = e->card->currentIndex();
-    in.debit = e->debit->isChecked();
-    return in;
-}
-
 void RegisterPanel::showError(const QString &text)
 {
     ShowEntryError(m_entry->error, text, m_interaction);
@@ -400,7 +381,7 @@ void RegisterPanel::onEnter()
 void RegisterPanel::enterTransaction()
 {
     EntryRequest request;
-    request.entry = input();
+    request.entry = m_entry->input();
     if (request.entry.cardIndex > 0) {
         request.cardBankNum = m_entry->card->currentData().toInt();
         request.cardName = m_entry->card->currentText();
@@ -497,7 +478,7 @@ void RegisterPanel::onEscape()
 bool RegisterPanel::hasUnsavedChange() const
 {
     // Without an account nothing can be entered, so nothing is lost.
-    return m_account.BankNum != 0 && entryState() != m_cleanState;
+    return m_account.BankNum != 0 && m_entry->state(m_mode == 1) != m_cleanState;
 }
 
 bool RegisterPanel::mayLeave()
@@ -513,24 +494,9 @@ bool RegisterPanel::mayLeave()
     return true;
 }
 
-QStringList RegisterPanel::entryState() const
-{
-    const EntryRow *e = m_entry;
-    // A new entry's type alone is a choice, not typing; a loaded row's type is
-    // part of the transaction.
-    return {m_mode == 1 ? e->type->currentText() : QString(),
-            e->date->currentText(),
-            e->payee->currentText(),
-            e->amount->text(),
-            e->memo->text(),
-            QString::number(e->category->currentIndex()),
-            QString::number(e->card->currentIndex()),
-            QString::number(e->debit->isChecked())};
-}
-
 void RegisterPanel::markClean()
 {
-    m_cleanState = entryState();
+    m_cleanState = m_entry->state(m_mode == 1);
 }
 
 void RegisterPanel::selectLoadedRow()

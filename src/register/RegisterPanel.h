@@ -107,9 +107,7 @@ private:
     void clearEntry();
     // The highlight follows the entry row: the loaded row, or none.
     void selectLoadedRow();
-    QStringList entryState() const;
     void markClean();
-    EntryRules::Input input() const;
     void showError(const QString &text);
     void suggestMemo();
     void endChangeMode();
