@@ -64,16 +64,7 @@ Outcome enter(ImportPlan &plan, const Progress &progress)
         const ImportPlan::Row &row = rows[i];
         if (!row.included)
             continue;
-        EntryRules::Input in;
-        in.typeText = row.number.isEmpty() ? row.typeText : CheckNumbers::typedText(row.number);
-        in.payee = row.payee;
-        in.amountText = row.amount.abs().toPlainText();
-        in.dateText = EntryChecks::formatLongDate(row.source.date);
-        in.memo = row.memo;
-        in.budgetIndex = row.budNum > 0 ? 1 : 0;
-        in.budNum = row.budNum;
-        in.budName = row.budName;
-        const EntryRules::Parsed parsed = EntryRules::parse(kind, in);
+        const EntryRules::Parsed parsed = EntryRules::parse(kind, ImportPlan::entryInput(row));
         if (parsed.refusal)
             return refuse(QStringLiteral("Line %1 of the file: %2")
                               .arg(row.source.line)

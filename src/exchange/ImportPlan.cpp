@@ -209,21 +209,26 @@ void ImportPlan::markDuplicates()
     }
 }
 
+EntryRules::Input ImportPlan::entryInput(const Row &row)
+{
+    EntryRules::Input in;
+    in.typeText = row.number.isEmpty() ? row.typeText : CheckNumbers::typedText(row.number);
+    in.payee = row.payee;
+    in.amountText = row.amount.abs().toPlainText();
+    in.dateText = EntryChecks::formatLongDate(row.source.date);
+    in.memo = row.memo;
+    in.budgetIndex = row.budNum > 0 ? 1 : 0;
+    in.budNum = row.budNum;
+    in.budName = row.budName;
+    return in;
+}
+
 void ImportPlan::checkEntries()
 {
     const QString kind = m_account.Type.text().trimmed();
     QSet<qint64> numbers = m_checkNumbers;
     for (Row &row : m_rows) {
-        EntryRules::Input in;
-        in.typeText = row.number.isEmpty() ? row.typeText : CheckNumbers::typedText(row.number);
-        in.payee = row.payee;
-        in.amountText = row.amount.abs().toPlainText();
-        in.dateText = EntryChecks::formatLongDate(row.source.date);
-        in.memo = row.memo;
-        in.budgetIndex = row.budNum > 0 ? 1 : 0;
-        in.budNum = row.budNum;
-        in.budName = row.budName;
-        const EntryRules::Parsed parsed = EntryRules::parse(kind, in);
+        const EntryRules::Parsed parsed = EntryRules::parse(kind, ImportPlan::entryInput(row));
         if (parsed.refusal)
             row.refusal = parsed.refusal->text.trimmed();
         else if (parsed.entry.checkNumber) {

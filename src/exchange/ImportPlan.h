@@ -6,6 +6,7 @@
 #include "records/BudgetRecord.h"
 #include "records/DataFiles.h"
 #include "records/TransRecord.h"
+#include "register/EntryRules.h"
 
 #include <QHash>
 #include <QSet>
@@ -78,6 +79,8 @@ public:
     static QString statusText(const Row &row);
     // The register's type for a downloaded transaction in this kind of account.
     static QString typeFor(const QString &kindCode, const ImportRow &row);
+    // The row as the entry row would hold it, for Enter's own checks.
+    static EntryRules::Input entryInput(const Row &row);
 
 private:
     void readCategories(std::vector<BudgetRecord> budget);
