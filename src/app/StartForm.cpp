@@ -154,6 +154,8 @@ bool StartForm::start()
     if (showTips == 1) {
         m_tip = std::make_unique<TipForm>(m_main.get());
         WindowReport::watch(m_tip.get(), m_interaction);
+        // The keys go back to the main window once the tip is done with.
+        QObject::connect(m_tip.get(), &QDialog::finished, m_main.get(), &QWidget::activateWindow);
         m_tip->show();
     }
     return true;

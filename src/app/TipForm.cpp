@@ -105,6 +105,10 @@ TipForm::TipForm(QWidget *parent)
     ok->setObjectName(QStringLiteral("cmdOK"));
     connect(next, &QPushButton::clicked, this, [this] { showTip(m_index + 1); });
     connect(ok, &QPushButton::clicked, this, &QDialog::accept);
+    // Return closes the window; Next Tip is a click (or Space on it) away.
+    next->setAutoDefault(false);
+    ok->setDefault(true);
+    ok->setFocus();
 
     auto *buttons = new QHBoxLayout;
     buttons->addWidget(m_showAtStart);

@@ -200,8 +200,7 @@ void ColumnFit::scheduleFit()
 
 void ColumnFit::fit()
 {
-    // A grid out of sight is fitted when it is shown.
-    if (m_fitting || !m_grid->model() || !m_grid->isVisible())
+    if (m_fitting || !m_grid->model())
         return;
     m_fitting = true;
     // The room a grid has is its width less its frame and the vertical scroll
