@@ -16,7 +16,7 @@ namespace {
 
 // The rows looked at for a column's widest text: all of a short list, the
 // first and last ones of a long one (a register holds up to 32,767).
-constexpr int SampleRows = 120;
+constexpr int SampleRows = 50;
 
 QSettings userSettings()
 {
